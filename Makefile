@@ -1,0 +1,40 @@
+# Thin wrapper over CMake: `make play` runs the game, `make test` runs the tests.
+BUILD ?= build
+JOBS ?= $(shell nproc)
+CMAKE_FLAGS ?=
+
+.PHONY: all deps configure build play test format format-check bench clean starmap
+
+all: build
+
+deps:
+	@./scripts/install-deps
+
+configure: deps
+	@cmake -S . -B $(BUILD) $(CMAKE_FLAGS) >/dev/null
+
+build: configure
+	@cmake --build $(BUILD) -j $(JOBS)
+
+play: build
+	./$(BUILD)/prospector --data $(BUILD)/data
+
+test: build
+	cd $(BUILD) && SDL_VIDEODRIVER=dummy ctest --output-on-failure -j $(JOBS)
+
+bench: build
+	./$(BUILD)/bench/prospector_bench
+
+starmap: configure
+	@cmake --build $(BUILD) --target starmap
+
+FORMAT_FILES = $(shell git ls-files '*.cpp' '*.h')
+
+format:
+	clang-format -i $(FORMAT_FILES)
+
+format-check:
+	clang-format --dry-run --Werror $(FORMAT_FILES)
+
+clean:
+	rm -rf $(BUILD)

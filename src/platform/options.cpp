@@ -1,0 +1,86 @@
+#include "platform/options.h"
+
+#include <cerrno>
+#include <climits>
+#include <cstdlib>
+#include <string_view>
+
+namespace {
+
+bool parseNumber(const char* text, long minimum, long maximum, long& value) {
+  if (!text || !*text) return false;
+  errno = 0;
+  char* end = nullptr;
+  const long n = std::strtol(text, &end, 10);
+  if (errno != 0 || *end != '\0' || n < minimum || n > maximum) return false;
+  value = n;
+  return true;
+}
+
+}  // namespace
+
+const char* usageText() {
+  return "usage: prospector [options]\n"
+         "  --data DIR       load the game's data from DIR (default: the current directory)\n"
+         "  --frames N       leave with status 0 after N frames\n"
+         "  --seed N         seed the random generator with N instead of the time\n"
+         "  --unthrottled    do not wait between frames\n"
+         "  --log-stdout     also print every debug-log line to standard output\n"
+         "  --script FILE    play the scripted input in FILE\n"
+         "  --help           show this text\n";
+}
+
+bool parseOptions(int argc, const char* const* argv, Options& options, std::string& error) {
+  for (int i = 1; i < argc; ++i) {
+    const std::string_view arg = argv[i];
+    auto value = [&](const char*& out) {
+      if (i + 1 >= argc) {
+        error = std::string(arg) + " needs a value";
+        return false;
+      }
+      out = argv[++i];
+      return true;
+    };
+    const char* text = nullptr;
+    long n = 0;
+    if (arg == "--help" || arg == "-h") {
+      options.help = true;
+    } else if (arg == "--unthrottled") {
+      options.unthrottled = true;
+    } else if (arg == "--log-stdout") {
+      options.logToStdout = true;
+    } else if (arg == "--data") {
+      if (!value(text)) return false;
+      if (!*text) {
+        error = "--data needs a directory";
+        return false;
+      }
+      options.dataDir = text;
+    } else if (arg == "--script") {
+      if (!value(text)) return false;
+      if (!*text) {
+        error = "--script needs a file";
+        return false;
+      }
+      options.scriptPath = text;
+    } else if (arg == "--frames") {
+      if (!value(text)) return false;
+      if (!parseNumber(text, 0, LONG_MAX, n)) {
+        error = std::string("--frames takes a whole number of frames, not '") + text + "'";
+        return false;
+      }
+      options.frames = n;
+    } else if (arg == "--seed") {
+      if (!value(text)) return false;
+      if (!parseNumber(text, 0, UINT_MAX, n)) {
+        error = std::string("--seed takes a whole number from 0 to 4294967295, not '") + text + "'";
+        return false;
+      }
+      options.seed = static_cast<unsigned int>(n);
+    } else {
+      error = "unknown option '" + std::string(arg) + "'";
+      return false;
+    }
+  }
+  return true;
+}

@@ -1,0 +1,19 @@
+#pragma once
+#include <optional>
+#include <string>
+
+// The command line. With no options the game behaves as it always has.
+struct Options {
+  std::string dataDir;               // --data DIR: change to DIR before loading
+  std::optional<long> frames;        // --frames N: leave with status 0 after N frames
+  std::optional<unsigned int> seed;  // --seed N: in place of the time wherever it seeds
+  bool unthrottled = false;          // --unthrottled: no frame-rate delay
+  bool logToStdout = false;          // --log-stdout: echo the debug log
+  std::string scriptPath;            // --script FILE: scripted input
+  bool help = false;                 // --help
+};
+
+// Parses argv. On a bad command line returns false with `error` set.
+bool parseOptions(int argc, const char* const* argv, Options& options, std::string& error);
+
+const char* usageText();

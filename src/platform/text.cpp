@@ -1,0 +1,23 @@
+#include "platform/text.h"
+
+#include <cstdlib>
+#include <string>
+
+std::vector<std::string_view> splitTokens(std::string_view line) {
+  constexpr std::string_view separators = " ,\t\n";
+  std::vector<std::string_view> tokens;
+  std::size_t pos = 0;
+  while (pos < line.size()) {
+    pos = line.find_first_not_of(separators, pos);
+    if (pos == std::string_view::npos) break;
+    std::size_t end = line.find_first_of(separators, pos);
+    if (end == std::string_view::npos) end = line.size();
+    tokens.push_back(line.substr(pos, end - pos));
+    pos = end;
+  }
+  return tokens;
+}
+
+int parseInt(std::string_view text) { return std::atoi(std::string(text).c_str()); }
+
+double parseReal(std::string_view text) { return std::atof(std::string(text).c_str()); }

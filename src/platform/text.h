@@ -1,0 +1,24 @@
+#pragma once
+#include <cstddef>
+#include <cstring>
+#include <string_view>
+#include <vector>
+
+// Copies text into a fixed, zero-terminated field, cutting what does not fit.
+// Returns true when the text had to be cut.
+template <std::size_t N>
+bool copyText(char (&field)[N], std::string_view text) {
+  static_assert(N > 0);
+  const std::size_t n = text.size() < N - 1 ? text.size() : N - 1;
+  std::memcpy(field, text.data(), n);
+  field[n] = '\0';
+  return text.size() > N - 1;
+}
+
+// The list separators of the data formats: any run of blank, comma, tab or
+// line feed (what strtok with " ,\t\n" does, without touching the line).
+std::vector<std::string_view> splitTokens(std::string_view line);
+
+// atoi and atof on a field, with the standard functions' rules.
+int parseInt(std::string_view text);
+double parseReal(std::string_view text);

@@ -1,0 +1,35 @@
+#pragma once
+#include <SDL.h>
+
+struct FontTable;
+
+constexpr int logLineCount = 1000;
+constexpr int logLineLength = 100;  // 99 characters and the terminator
+constexpr int historyLinesShown = 34;
+constexpr int historyScrollMax = logLineCount - historyLinesShown;  // 966
+
+struct MessageLog {
+  char lines[logLineCount][logLineLength] = {};
+  int writeIndex = 0;
+  int visible = 0;
+  SDL_Surface* surface = nullptr;  // 650 x 500, 16 bits, made once
+};
+
+extern MessageLog debugLog;
+// How far the shown history window is scrolled back; shared by the log and message windows.
+extern int historyScroll;
+
+void initLog(MessageLog* log, FontTable* fonts, SDL_Surface* screen, int fullScreen);
+void setLogScreen(SDL_Surface* screen, int fullScreen);
+// The screen the log and message windows draw on.
+SDL_Surface* logScreen();
+// Texts longer than 99 characters are cut to 99.
+void logMessage(const char* text);
+void logMessagef(const char* format, ...) __attribute__((format(printf, 1, 2)));
+void showLog();
+void hideLog();
+void scrollHistoryBack();
+void scrollHistoryForward();
+void drawLog();
+// With --log-stdout every logged line is also printed to standard output.
+void setLogEcho(bool toStdout);

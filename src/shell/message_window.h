@@ -1,0 +1,22 @@
+#pragma once
+#include <SDL.h>
+
+#include "shell/debug_log.h"
+
+struct FontTable;
+
+struct MessageWindow {
+  char lines[logLineCount][logLineLength] = {};
+  int writeIndex = 0;
+  int expanded = 0;
+};
+
+extern MessageWindow messageWindow;
+
+void initMessageWindow(MessageWindow* window, FontTable* fonts, SDL_Surface* screen);
+// Texts longer than 99 characters are cut to 99.
+void showMessage(const char* text);
+void showMessagef(const char* format, ...) __attribute__((format(printf, 1, 2)));
+void expandMessages();
+void collapseMessages();
+void drawMessageWindow();

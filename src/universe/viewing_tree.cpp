@@ -1,0 +1,3 @@
+#include "universe/viewing_tree.h"
+// placeholder
+void buildViewingTree(StarMap&) {}

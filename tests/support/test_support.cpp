@@ -1,0 +1,100 @@
+#include "support/test_support.h"
+
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+#include "shell/game_state.h"
+#include "shell/main_loop.h"
+#include "ui/font_builder.h"
+
+void ensureScreen() {
+  if (screen) return;
+  if (SDL_Init(SDL_INIT_VIDEO) < 0) {
+    std::fprintf(stderr, "test: SDL_Init failed: %s\n", SDL_GetError());
+    std::exit(1);
+  }
+  screen = SDL_SetVideoMode(800, 600, 32, 0);
+  if (!screen) {
+    std::fprintf(stderr, "test: SDL_SetVideoMode failed: %s\n", SDL_GetError());
+    std::exit(1);
+  }
+  fillTrigTables();
+  buildFonts();
+}
+
+void GameTest::SetUp() {
+  ensureScreen();
+  gameState = GameState{};
+}
+
+TempDir::TempDir() {
+  char pattern[] = "/tmp/prospector-test-XXXXXX";
+  const char* made = mkdtemp(pattern);
+  dir_ = made ? made : "/tmp";
+}
+
+TempDir::~TempDir() {
+  std::error_code ec;
+  if (dir_ != "/tmp") std::filesystem::remove_all(dir_, ec);
+}
+
+std::string TempDir::path(const std::string& name) const { return dir_ + "/" + name; }
+
+std::string TempDir::write(const std::string& name, const std::string& content) const {
+  const std::string p = path(name);
+  std::filesystem::create_directories(std::filesystem::path(p).parent_path());
+  std::ofstream(p, std::ios::binary) << content;
+  return p;
+}
+
+Uint32 pixelRGB(SDL_Surface* surface, int x, int y) {
+  SDL_LockSurface(surface);
+  const Uint8* row = static_cast<const Uint8*>(surface->pixels) + y * surface->pitch;
+  Uint32 raw = 0;
+  std::memcpy(&raw, row + x * surface->format->BytesPerPixel, surface->format->BytesPerPixel);
+  SDL_UnlockSurface(surface);
+  Uint8 r, g, b;
+  SDL_GetRGB(raw, surface->format, &r, &g, &b);
+  return (Uint32(r) << 16) | (Uint32(g) << 8) | b;
+}
+
+namespace {
+std::string slurp(const std::string& path) {
+  std::ifstream in(path, std::ios::binary);
+  std::ostringstream s;
+  s << in.rdbuf();
+  return s.str();
+}
+}  // namespace
+
+RunResult runGame(const std::string& arguments) {
+  TempDir tmp;
+  const std::string out = tmp.path("out.txt"), err = tmp.path("err.txt");
+  const std::string command = std::string("cd '") + PROSPECTOR_DATA_DIR +
+                              "' && SDL_VIDEODRIVER=${SDL_VIDEODRIVER:-dummy} '" + PROSPECTOR_BINARY + "' " +
+                              arguments + " >'" + out + "' 2>'" + err + "'";
+  const int raw = std::system(command.c_str());
+  RunResult result;
+  result.status = WIFEXITED(raw) ? WEXITSTATUS(raw) : -1;
+  result.out = slurp(out);
+  result.err = slurp(err);
+  return result;
+}
+
+int main(int argc, char** argv) {
+  setenv("SDL_VIDEODRIVER", "dummy", 0);
+  setenv("SDL_AUDIODRIVER", "dummy", 0);
+  if (chdir(PROSPECTOR_DATA_DIR) != 0) {
+    std::fprintf(stderr, "test: can't enter %s\n", PROSPECTOR_DATA_DIR);
+    return 1;
+  }
+  ::testing::InitGoogleTest(&argc, argv);
+  return RUN_ALL_TESTS();
+}
