@@ -10,8 +10,11 @@
 #include <fstream>
 #include <sstream>
 
+#include "shell/command_window.h"
+#include "shell/debug_log.h"
 #include "shell/game_state.h"
 #include "shell/main_loop.h"
+#include "shell/message_window.h"
 #include "ui/font_builder.h"
 
 void ensureScreen() {
@@ -27,11 +30,18 @@ void ensureScreen() {
   }
   fillTrigTables();
   buildFonts();
+  initLog(&debugLog, &fontTable, screen, 0);
+  initMessageWindow(&messageWindow, &fontTable, screen);
 }
 
 void GameTest::SetUp() {
   ensureScreen();
   gameState = GameState{};
+  initCommandWindow(&fontTable);
+  debugLog.visible = 0;
+  messageWindow.expanded = 0;
+  historyScroll = 0;
+  SDL_SetModState(KMOD_NONE);
 }
 
 TempDir::TempDir() {
@@ -74,12 +84,11 @@ std::string slurp(const std::string& path) {
 }
 }  // namespace
 
-RunResult runGame(const std::string& arguments) {
+RunResult runGame(const std::string& arguments, const std::string& environment) {
   TempDir tmp;
   const std::string out = tmp.path("out.txt"), err = tmp.path("err.txt");
-  const std::string command = std::string("cd '") + PROSPECTOR_DATA_DIR +
-                              "' && SDL_VIDEODRIVER=${SDL_VIDEODRIVER:-dummy} '" + PROSPECTOR_BINARY + "' " +
-                              arguments + " >'" + out + "' 2>'" + err + "'";
+  const std::string command = std::string("cd '") + PROSPECTOR_DATA_DIR + "' && SDL_VIDEODRIVER=dummy " + environment +
+                              " '" + PROSPECTOR_BINARY + "' " + arguments + " >'" + out + "' 2>'" + err + "'";
   const int raw = std::system(command.c_str());
   RunResult result;
   result.status = WIFEXITED(raw) ? WEXITSTATUS(raw) : -1;

@@ -4,11 +4,12 @@
 
 #include <string>
 
-// Opens the headless 800 x 600 x 32 screen once per test program and builds
-// the fonts; tests run in the built data directory.
+// Opens the headless 800 x 600 x 32 screen once per test program, builds the
+// fonts and sets up the log and message windows; tests run in the built data
+// directory.
 void ensureScreen();
-// The screen, fonts and trig tables are ready; the game state, command window
-// and ship are reset to their start values.
+// The screen, fonts and trig tables are ready; the game state, the command
+// window and the history windows are back at their start values.
 class GameTest : public ::testing::Test {
  protected:
   void SetUp() override;
@@ -36,4 +37,5 @@ struct RunResult {
   std::string out;
   std::string err;
 };
-RunResult runGame(const std::string& arguments);
+// `environment` is put before the command, e.g. "SDL_VIDEODRIVER=none".
+RunResult runGame(const std::string& arguments, const std::string& environment = "");

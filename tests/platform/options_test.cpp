@@ -1,0 +1,65 @@
+#include "platform/options.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+namespace {
+bool parse(std::vector<const char*> args, Options& options, std::string& error) {
+  args.insert(args.begin(), "prospector");
+  return parseOptions(static_cast<int>(args.size()), args.data(), options, error);
+}
+}  // namespace
+
+TEST(CommandLine, NoOptionsChangeNothing) {
+  Options options;
+  std::string error;
+  ASSERT_TRUE(parse({}, options, error));
+  EXPECT_TRUE(options.dataDir.empty());
+  EXPECT_FALSE(options.frames);
+  EXPECT_FALSE(options.seed);
+  EXPECT_FALSE(options.unthrottled);
+  EXPECT_FALSE(options.logToStdout);
+  EXPECT_TRUE(options.scriptPath.empty());
+}
+
+TEST(CommandLine, ReadsEveryOption) {
+  Options options;
+  std::string error;
+  ASSERT_TRUE(parse({"--data", "d", "--frames", "90", "--seed", "4000000000", "--unthrottled", "--log-stdout",
+                     "--script", "s.txt", "--help"},
+                    options, error))
+      << error;
+  EXPECT_EQ(options.dataDir, "d");
+  EXPECT_EQ(*options.frames, 90);
+  EXPECT_EQ(*options.seed, 4000000000u);
+  EXPECT_TRUE(options.unthrottled);
+  EXPECT_TRUE(options.logToStdout);
+  EXPECT_EQ(options.scriptPath, "s.txt");
+  EXPECT_TRUE(options.help);
+}
+
+TEST(CommandLine, RejectsBadInputWithAReason) {
+  struct Case {
+    std::vector<const char*> args;
+    const char* mentions;
+  };
+  const Case cases[] = {
+      {{"--fly"}, "unknown option '--fly'"},
+      {{"--frames"}, "--frames needs a value"},
+      {{"--frames", "ten"}, "--frames takes a whole number"},
+      {{"--frames", "-1"}, "--frames takes a whole number"},
+      {{"--frames", "12x"}, "--frames takes a whole number"},
+      {{"--seed", "4294967296"}, "--seed takes a whole number"},
+      {{"--seed", ""}, "--seed takes a whole number"},
+      {{"--data", ""}, "--data needs a directory"},
+      {{"--script"}, "--script needs a value"},
+  };
+  for (const Case& c : cases) {
+    Options options;
+    std::string error;
+    EXPECT_FALSE(parse(c.args, options, error)) << c.args[0];
+    EXPECT_NE(error.find(c.mentions), std::string::npos) << error;
+  }
+}
