@@ -2,6 +2,7 @@
 #include <SDL.h>
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "ship/cargo.h"
@@ -58,3 +59,13 @@ extern Ship playerShip;
 extern SDL_Surface* shipImages[shipImageCount];
 
 void loadShip(SDL_Surface** images, Ship& ship, const char* stem);
+
+// The text part of loadShip: reads a ship file (a host path) into the record
+// and sets the state values that follow it. Returns false, leaving the record
+// as it was, when the file cannot be opened.
+bool readShipFile(Ship& ship, const std::string& path);
+// A marker line: x, y pairs split at any run of blanks, commas and tabs. An
+// unpaired last coordinate is dropped; *dropped tells the caller about it.
+MarkerList parseMarkerList(std::string_view line, bool* dropped = nullptr);
+// The ship's hold capacity for a number of 50 CU holds, capped at 999.99.
+float holdCapacity(int cargoHoldCount);
