@@ -1,4 +1,238 @@
 #include "shell/saved_game.h"
-// placeholder
-bool loadGame(const char*) { return true; }
-void restoreSavedMode() {}
+
+#include <algorithm>
+#include <string>
+
+#include "displays/status_window.h"
+#include "platform/data_file.h"
+#include "platform/data_path.h"
+#include "platform/text.h"
+#include "shell/debug_log.h"
+#include "shell/game_state.h"
+#include "shell/main_loop.h"
+#include "shell/message_window.h"
+#include "ship/ship.h"
+#include "surface/globe.h"
+#include "surface/surface_map.h"
+#include "universe/planet.h"
+#include "universe/star_map.h"
+#include "universe/viewscreen.h"
+
+namespace {
+
+// The system plan is 281 x 246 cells.
+constexpr int systemWidth = 281;
+constexpr int systemHeight = 246;
+constexpr float roverHoldSize = 50.0f;
+
+// A saved cell outside its map would put the ship where no view can index it;
+// it is kept at the nearest edge instead.
+int savedCell(const std::string& line, int limit, const char* what) {
+  const int cell = parseInt(line);
+  const int kept = std::clamp(cell, 0, limit - 1);
+  if (kept != cell) logMessagef("Saved game: %s cell %d is off the map; using %d", what, cell, kept);
+  return kept;
+}
+
+template <std::size_t N>
+void copyName(char (&field)[N], const std::string& line, const char* what) {
+  if (copyText(field, line)) logMessagef("Saved game: %s longer than %zu characters, cut", what, N - 1);
+}
+
+// A hold line: up to 22 amounts from slot 0; the slots after the last number
+// keep what they held. Returns the sum of the numbers stored, added up in
+// single precision in the order of the line.
+float readHold(const std::string& line, CargoHold& hold, const char* which) {
+  const std::vector<std::string_view> tokens = splitTokens(line);
+  if (tokens.size() > hold.size()) {
+    logMessagef("Saved game: %zu numbers on the %s hold line; only the first %zu kept", tokens.size(), which,
+                hold.size());
+  }
+  float sum = 0.0f;
+  for (std::size_t i = 0; i < tokens.size() && i < hold.size(); ++i) {
+    hold[i] = static_cast<float>(parseReal(tokens[i]));
+    sum += hold[i];
+  }
+  return sum;
+}
+
+void headerLine(int index, const std::string& line) {
+  Ship& ship = playerShip;
+  switch (index) {
+    case 0: {
+      char stem[100];
+      copyName(stem, line, "ship file name");
+      loadShip(shipImages, ship, stem);
+      break;
+    }
+    case 1:
+      copyName(ship.shipName, line, "ship name");
+      break;
+    case 2:
+      gameState.posX = savedCell(line, starMapSize, "star-map x") * 50 + 300;
+      break;
+    case 3:
+      gameState.posY = savedCell(line, starMapSize, "star-map y") * 50 + 300;
+      break;
+    case 4:
+      gameState.sysX = savedCell(line, systemWidth, "system x") * 50;
+      break;
+    case 5:
+      gameState.sysY = savedCell(line, systemHeight, "system y") * 50;
+      break;
+    case 6:
+      gameState.currentPlanet = parseInt(line);
+      break;
+    case 7:
+      gameState.mode = parseInt(line);
+      break;
+    case 8:
+      copyName(ship.engine.name, line, "engine name");
+      break;
+    case 9:
+      copyName(ship.shield.name, line, "shield name");
+      break;
+    case 10:
+      copyName(ship.powerPlant.name, line, "power plant name");
+      break;
+    default:
+      break;
+  }
+}
+
+// The values a saved game does not hold, set once both holds are read.
+void setStartingValues() {
+  Ship& ship = playerShip;
+  ship.engine.engineClass = 10;
+  ship.powerPlant.powerPlantClass = 10;
+  ship.shield.shieldClass = 10;
+  ship.armorClass = 10;
+  ship.shield.shieldMax = static_cast<int>(10 * 99.9);
+  ship.armorMax = static_cast<int>(10 * 99.9);
+  ship.fuel = 999;
+  ship.hullCurrent = 70;
+  ship.armorCurrent = 500;
+  ship.shield.shieldCurrent = 220;
+}
+
+// A mode or planet slot the game does not have starts the game in Space.
+void checkModeAndPlanet() {
+  if (gameState.mode < Space || gameState.mode > Surface) {
+    logMessagef("Saved game: mode %d is not 0 to 3; starting in Space", gameState.mode);
+    gameState.mode = Space;
+  }
+  if (gameState.currentPlanet < 0 || gameState.currentPlanet >= maxPlanets) {
+    logMessagef("Saved game: planet slot %d is not 0 to 9; starting in Space", gameState.currentPlanet);
+    gameState.currentPlanet = 0;
+    gameState.mode = Space;
+  }
+}
+
+StellarObject* objectUnderShip() {
+  const int x = gameState.sectorX, y = gameState.sectorY;
+  if (x < 0 || x >= starMapSize || y < 0 || y >= starMapSize) return nullptr;
+  return starMap[x][y].object;
+}
+
+constexpr const char* missingSystemText = "Load file ask for a solar system that doesn't exist";
+constexpr const char* missingPlanetText = "Load file ask for planet that doesn't exist";
+
+void restoreOrbit() {
+  gameState.scansTaken = 0;
+  StellarObject* object = objectUnderShip();
+  if (!object) {
+    logMessage(missingSystemText);
+    gameState.mode = Space;
+    return;
+  }
+  buildPlanetImages(object);
+  gameState.currentObject = object;
+  gameState.speed = 0;
+  gameState.heading = 0;
+  Planet* planet = currentPlanetRecord();
+  if (!planet) {
+    showMessage(missingPlanetText);
+    gameState.mode = Space;
+    return;
+  }
+  prepareGameWindow(screen, planet);
+  generateMineralDeposits(gameState.deposits, planet);
+  setScanProgress(0);
+  drawSurfaceMap(screen, planet);
+  drawSurfaceLegend(screen, planet);
+  drawPlanetLabels(screen);
+  resetAnalysisLines();
+}
+
+}  // namespace
+
+bool loadGame(const char* path) {
+  DataFile file(hostPath(path));
+  if (!file.isOpen()) {
+    logMessagef("Couldn't open the saved game %s", path);
+    return false;
+  }
+  logMessagef("Loading: %s", path);
+
+  // Lines 0 to 10 are fixed, then one weapon per hardpoint of the ship that
+  // line 0 loaded, the ship's hold and the rover's hold; the rest is ignored.
+  enum class Section { Header, Weapons, ShipHold, RoverHold, Done };
+  Section section = Section::Header;
+  int lineIndex = 0;
+  int weaponsRead = 0;
+  int hardPoints = 0;
+  std::string line;
+  while (section != Section::Done && file.nextField(line)) {
+    if (file.lastLineCut()) logMessagef("Saved game: line %d longer than 999 characters, cut", file.lineNumber());
+    switch (section) {
+      case Section::Header:
+        headerLine(lineIndex++, line);
+        if (lineIndex == 11) {
+          hardPoints = std::clamp(playerShip.hardPointCount, 0, maxHardPoints);
+          section = hardPoints > 0 ? Section::Weapons : Section::ShipHold;
+        }
+        break;
+      case Section::Weapons:
+        copyName(playerShip.hardPoints[weaponsRead].weaponName, line, "weapon name");
+        if (++weaponsRead == hardPoints) section = Section::ShipHold;
+        break;
+      case Section::ShipHold:
+        playerShip.shipHoldFree = playerShip.shipHoldCapacity - readHold(line, playerShip.shipHold, "ship's");
+        section = Section::RoverHold;
+        break;
+      case Section::RoverHold:
+        playerShip.roverHoldFree = roverHoldSize - readHold(line, playerShip.roverHold, "rover's");
+        setStartingValues();
+        section = Section::Done;
+        break;
+      case Section::Done:
+        break;
+    }
+  }
+  checkModeAndPlanet();
+  return true;
+}
+
+void restoreSavedMode() {
+  switch (gameState.mode) {
+    case Space:
+      break;
+    case System:
+      if (StellarObject* object = objectUnderShip()) {
+        buildPlanetImages(object);
+        gameState.currentObject = object;
+      } else {
+        logMessage(missingSystemText);
+        gameState.mode = Space;
+      }
+      break;
+    case Orbit:
+    case Surface:
+      restoreOrbit();
+      break;
+    default:
+      logMessagef("Saved game: mode %d is not 0 to 3; starting in Space", gameState.mode);
+      gameState.mode = Space;
+      break;
+  }
+}
