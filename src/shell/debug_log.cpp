@@ -1,31 +1,123 @@
 #include "shell/debug_log.h"
 
+#include <SDL_gfxPrimitives.h>
+
 #include <cstdarg>
 #include <cstdio>
-// placeholder
+#include <cstring>
+
+#include "platform/text.h"
+#include "ui/bitmap_font.h"
+#include "ui/font_builder.h"
+#include "ui/frames.h"
+
 MessageLog debugLog;
 int historyScroll = 0;
+
 namespace {
-SDL_Surface* shared = nullptr;
+
+// Shared with the message window: both history windows draw on this screen.
+SDL_Surface* sharedScreen = nullptr;
+int sharedFullScreen = 0;
+MessageLog* theLog = &debugLog;
+FontTable* logFonts = nullptr;
 bool echo = false;
+
+constexpr int windowWidth = 650;
+constexpr int windowHeight = 500;
+constexpr int windowX = 75;
+constexpr int windowY = 50;
+constexpr int textFont = 2;
+
 }  // namespace
-void initLog(MessageLog*, FontTable*, SDL_Surface* s, int) { shared = s; }
-void setLogScreen(SDL_Surface* s, int) { shared = s; }
-SDL_Surface* logScreen() { return shared; }
+
+int previousLine(int index) { return index == 0 ? logLineCount - 1 : index - 1; }
+
+int newestShownLine(int writeIndex) {
+  const int index = (writeIndex - 1 - historyScroll) % logLineCount;
+  return index < 0 ? index + logLineCount : index;
+}
+
+void drawHistoryLines(SDL_Surface* surface, const char (*lines)[logLineLength], int index, FontTable* fonts) {
+  if (!surface || !fonts) return;
+  setCurrentFont(fonts->fonts[textFont]);
+  const int step = fonts->heights[textFont];
+  int y = 490 - step;
+  for (int drawn = 0; drawn < historyLinesShown && lines[index][0] != '\0'; ++drawn) {
+    printString(surface, 10, y, "%s", lines[index]);
+    y -= step;
+    index = previousLine(index);
+  }
+}
+
+void initLog(MessageLog* log, FontTable* fonts, SDL_Surface* screen, int fullScreen) {
+  sharedScreen = screen;
+  sharedFullScreen = fullScreen;
+  logFonts = fonts;
+  if (log) theLog = log;
+  theLog->writeIndex = 0;
+  historyScroll = 0;
+  std::memset(theLog->lines, 0, sizeof theLog->lines);
+  if (theLog->surface) SDL_FreeSurface(theLog->surface);
+  theLog->surface = SDL_CreateRGBSurface(SDL_SWSURFACE, windowWidth, windowHeight, 16, 0, 0, 0, 0);
+}
+
+void setLogScreen(SDL_Surface* screen, int fullScreen) {
+  sharedScreen = screen;
+  sharedFullScreen = fullScreen;
+}
+
+SDL_Surface* logScreen() { return sharedScreen; }
+int logFullScreen() { return sharedFullScreen; }
+
 void logMessage(const char* text) {
-  if (echo) std::printf("%s\n", text);
+  char(&line)[logLineLength] = theLog->lines[theLog->writeIndex];
+  copyText(line, text ? text : "");
+  if (echo) {
+    std::printf("%s\n", line);
+    std::fflush(stdout);
+  }
+  theLog->writeIndex += 1;
+  if (theLog->writeIndex == logLineCount) theLog->writeIndex = 0;
+  if (theLog->visible == 1) drawLog();
 }
+
 void logMessagef(const char* format, ...) {
-  char b[1024];
-  va_list a;
-  va_start(a, format);
-  std::vsnprintf(b, sizeof b, format, a);
-  va_end(a);
-  logMessage(b);
+  char buffer[1024];
+  va_list args;
+  va_start(args, format);
+  std::vsnprintf(buffer, sizeof buffer, format, args);
+  va_end(args);
+  logMessage(buffer);
 }
-void showLog() { debugLog.visible = 1; }
-void hideLog() { debugLog.visible = 0; }
-void scrollHistoryBack() {}
-void scrollHistoryForward() {}
-void drawLog() {}
-void setLogEcho(bool e) { echo = e; }
+
+void showLog() { theLog->visible = 1; }
+void hideLog() { theLog->visible = 0; }
+
+void scrollHistoryBack() {
+  historyScroll += 1;
+  if (historyScroll > historyScrollMax) historyScroll = historyScrollMax;
+}
+
+void scrollHistoryForward() {
+  historyScroll -= 1;
+  if (historyScroll < 0) historyScroll = 0;
+}
+
+void drawLog() {
+  SDL_Surface* surface = theLog->surface;
+  // Before the window exists (early loading lines) there is nothing to draw on.
+  if (!surface || !sharedScreen) return;
+  boxRGBA(surface, 0, 0, windowWidth, windowHeight, 0, 0, 0, 255);
+  drawFadingFrame(surface, 0, 0, windowWidth, windowHeight, 255, 255, 255, 10);
+  drawHistoryLines(surface, theLog->lines, newestShownLine(theLog->writeIndex), logFonts);
+  SDL_Rect where{windowX, windowY, 0, 0};
+  SDL_BlitSurface(surface, nullptr, sharedScreen, &where);
+  if (sharedFullScreen == 1) {
+    SDL_Flip(sharedScreen);
+  } else {
+    SDL_UpdateRect(sharedScreen, 0, 0, 0, 0);
+  }
+}
+
+void setLogEcho(bool toStdout) { echo = toStdout; }

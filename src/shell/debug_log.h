@@ -21,8 +21,9 @@ extern int historyScroll;
 
 void initLog(MessageLog* log, FontTable* fonts, SDL_Surface* screen, int fullScreen);
 void setLogScreen(SDL_Surface* screen, int fullScreen);
-// The screen the log and message windows draw on.
+// The screen the log and message windows draw on, and whether it is full screen.
 SDL_Surface* logScreen();
+int logFullScreen();
 // Texts longer than 99 characters are cut to 99.
 void logMessage(const char* text);
 void logMessagef(const char* format, ...) __attribute__((format(printf, 1, 2)));
@@ -33,3 +34,12 @@ void scrollHistoryForward();
 void drawLog();
 // With --log-stdout every logged line is also printed to standard output.
 void setLogEcho(bool toStdout);
+
+// The ring index before `index`, going from 0 back to 999.
+int previousLine(int index);
+// Where a history window starts drawing: the newest line of a ring whose next
+// write goes to `writeIndex`, stepped back by historyScroll.
+int newestShownLine(int writeIndex);
+// Prints ring lines upward from the bottom of a 650 x 500 history window in
+// font entry 2, starting at `index`, until an empty line or 34 lines.
+void drawHistoryLines(SDL_Surface* surface, const char (*lines)[logLineLength], int index, FontTable* fonts);
