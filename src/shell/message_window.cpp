@@ -2,18 +2,106 @@
 
 #include <cstdarg>
 #include <cstdio>
-// placeholder
+#include <cstring>
+#include <memory>
+
+#include "platform/text.h"
+#include "ui/bitmap_font.h"
+#include "ui/font_builder.h"
+#include "ui/frames.h"
+
 MessageWindow messageWindow;
-void initMessageWindow(MessageWindow*, FontTable*, SDL_Surface*) {}
-void showMessage(const char*) {}
-void showMessagef(const char* format, ...) {
-  char b[1024];
-  va_list a;
-  va_start(a, format);
-  std::vsnprintf(b, sizeof b, format, a);
-  va_end(a);
-  showMessage(b);
+
+namespace {
+
+MessageWindow* theWindow = &messageWindow;
+FontTable* windowFonts = nullptr;
+
+constexpr int stripFont = 0;
+constexpr int textFont = 2;
+constexpr int stripLines = 7;
+
+struct SurfaceDeleter {
+  void operator()(SDL_Surface* surface) const { SDL_FreeSurface(surface); }
+};
+using SurfacePtr = std::unique_ptr<SDL_Surface, SurfaceDeleter>;
+
+SurfacePtr blankSurface(int w, int h) { return SurfacePtr(SDL_CreateRGBSurface(SDL_SWSURFACE, w, h, 32, 0, 0, 0, 0)); }
+
+void showOnScreen(SDL_Surface* surface, Sint16 x, Sint16 y) {
+  SDL_Surface* screen = logScreen();
+  SDL_Rect where{x, y, 0, 0};
+  SDL_BlitSurface(surface, nullptr, screen, &where);
+  SDL_UpdateRect(screen, 0, 0, 0, 0);
 }
-void expandMessages() { messageWindow.expanded = 1; }
-void collapseMessages() { messageWindow.expanded = 0; }
-void drawMessageWindow() {}
+
+void drawExpanded() {
+  SurfacePtr surface = blankSurface(650, 500);
+  if (!surface) return;
+  drawFadingFrame(surface.get(), 0, 0, 650, 500, 255, 255, 0, 10);
+  drawHistoryLines(surface.get(), theWindow->lines, newestShownLine(theWindow->writeIndex), windowFonts);
+  showOnScreen(surface.get(), 75, 50);
+}
+
+// The strip always shows the newest messages, and copies each one it shows
+// into the debug log.
+void drawStrip() {
+  SurfacePtr surface = blankSurface(790, 80);
+  if (!surface) return;
+  int index = previousLine(theWindow->writeIndex);
+  BitmapFont* font = windowFonts ? windowFonts->fonts[stripFont] : nullptr;
+  // The lines are spaced by the ordinary text font's height, though printed in the smaller one.
+  const int step = windowFonts ? windowFonts->heights[textFont] : 0;
+  setCurrentFont(font);
+  int y = 80 - (windowFonts ? windowFonts->heights[stripFont] : 0);
+  for (int drawn = 0; drawn < stripLines && theWindow->lines[index][0] != '\0'; ++drawn) {
+    logMessage(theWindow->lines[index]);
+    // Logging may have drawn the log window with another font.
+    setCurrentFont(font);
+    printString(surface.get(), 0, y, "%s", theWindow->lines[index]);
+    y -= step;
+    index = previousLine(index);
+  }
+  if (windowFonts) setCurrentFont(windowFonts->fonts[textFont]);
+  showOnScreen(surface.get(), 5, 515);
+}
+
+}  // namespace
+
+void initMessageWindow(MessageWindow* window, FontTable* fonts, SDL_Surface* screen) {
+  setLogScreen(screen, logFullScreen());
+  if (window) theWindow = window;
+  windowFonts = fonts;
+  theWindow->writeIndex = 0;
+  historyScroll = 0;
+  std::memset(theWindow->lines, 0, sizeof theWindow->lines);
+}
+
+void showMessage(const char* text) {
+  copyText(theWindow->lines[theWindow->writeIndex], text ? text : "");
+  theWindow->writeIndex += 1;
+  if (theWindow->writeIndex == logLineCount) theWindow->writeIndex = 0;
+  drawMessageWindow();
+}
+
+void showMessagef(const char* format, ...) {
+  char buffer[1024];
+  va_list args;
+  va_start(args, format);
+  std::vsnprintf(buffer, sizeof buffer, format, args);
+  va_end(args);
+  showMessage(buffer);
+}
+
+void expandMessages() { theWindow->expanded = 1; }
+void collapseMessages() { theWindow->expanded = 0; }
+
+void drawMessageWindow() {
+  // Messages written before the window is set up are kept and shown later.
+  if (!logScreen()) return;
+  if (theWindow->expanded == 1) {
+    drawExpanded();
+  } else {
+    drawStrip();
+  }
+}
