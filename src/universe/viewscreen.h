@@ -10,6 +10,9 @@ extern SDL_Surface* surfaceWorkSurface;
 extern SDL_Rect surfaceSourceRect;  // x 10, y 10, 280 x 190
 extern SDL_Rect surfaceDestPoint;   // (10, 310)
 
+// Where the viewscreen finds a class's star image: starImage, unless a test swaps in its own.
+extern SDL_Surface* (*viewscreenStarImage)(const char* classText);
+
 void initGameWindow(SDL_Surface** shipImages, FontTable* fonts, Ship* ship);
 void prepareGameWindow(SDL_Surface* screen, Planet* planet);
 void drawViewscreen(SDL_Surface* screen, int velocityX, int velocityY, int shipImageIndex, int offsetX, int offsetY,
