@@ -5,6 +5,7 @@
 
 #include <memory>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "support/test_support.h"
@@ -71,6 +72,12 @@ std::pair<int, int> litSpan(SDL_Surface* s, int y) {
   return {first, last};
 }
 
+using Rect = std::tuple<int, int, int, int>;
+Rect rect(const BitmapFont* font, int c) {
+  const SDL_Rect& r = font->glyphs[c];
+  return {r.x, r.y, r.w, r.h};
+}
+
 // Keeps the module's current font as other tests left it.
 class BitmapFontTest : public ::testing::Test {
  protected:
@@ -91,20 +98,11 @@ TEST_F(BitmapFontTest, ScanGivesCodesFrom33AndTheSpaceTheWidthOfTheFirst) {
   ASSERT_TRUE(font);
   EXPECT_EQ(currentFont(), font.get());
   EXPECT_EQ(font->height, 7);
-  const SDL_Rect& bang = font->glyphs['!'];
-  EXPECT_EQ(bang.x, 1);
-  EXPECT_EQ(bang.y, 1);
-  EXPECT_EQ(bang.w, 3);
-  EXPECT_EQ(bang.h, 7);
-  EXPECT_EQ(font->glyphs['"'].x, 5);
-  EXPECT_EQ(font->glyphs['"'].w, 2);
-  EXPECT_EQ(font->glyphs['#'].x, 8);
-  EXPECT_EQ(font->glyphs['#'].w, 1);
-  EXPECT_EQ(font->glyphs['$'].w, 0);
-  EXPECT_EQ(font->glyphs[' '].x, 0);
-  EXPECT_EQ(font->glyphs[' '].y, 0);
-  EXPECT_EQ(font->glyphs[' '].w, 3);
-  EXPECT_EQ(font->glyphs[' '].h, 7);
+  EXPECT_EQ(rect(font.get(), '!'), (Rect{1, 1, 3, 7}));
+  EXPECT_EQ(rect(font.get(), '"'), (Rect{5, 1, 2, 7}));
+  EXPECT_EQ(rect(font.get(), '#'), (Rect{8, 1, 1, 7}));
+  EXPECT_EQ(rect(font.get(), '$'), (Rect{0, 0, 0, 0}));
+  EXPECT_EQ(rect(font.get(), ' '), (Rect{0, 0, 3, 7}));
   // The bottom-left pixel's colour (black here) is never drawn.
   EXPECT_TRUE(font->sheet->flags & SDL_SRCCOLORKEY);
   EXPECT_EQ(font->sheet->format->colorkey, 0u);
@@ -113,34 +111,22 @@ TEST_F(BitmapFontTest, ScanGivesCodesFrom33AndTheSpaceTheWidthOfTheFirst) {
 TEST_F(BitmapFontTest, ScanSkipsSeparatorRunsAndStopsAtTheSheetEdge) {
   // Adjacent separators use up no code; the last run ends at the last column.
   FontPtr font(fontFromSurface(sheetFromRow("SSSGGSSSSGGG", 3)));
-  ASSERT_TRUE(font);
-  EXPECT_EQ(font->glyphs['!'].x, 3);
-  EXPECT_EQ(font->glyphs['!'].w, 2);
-  EXPECT_EQ(font->glyphs['"'].x, 9);
-  EXPECT_EQ(font->glyphs['"'].w, 3);
+  EXPECT_EQ(rect(font.get(), '!'), (Rect{3, 1, 2, 3}));
+  EXPECT_EQ(rect(font.get(), '"'), (Rect{9, 1, 3, 3}));
   EXPECT_EQ(font->glyphs['#'].w, 0);
-
   // A run that would start in the very last column is not looked at.
   FontPtr edge(fontFromSurface(sheetFromRow("SGGSG", 3)));
-  ASSERT_TRUE(edge);
-  EXPECT_EQ(edge->glyphs['!'].w, 2);
   EXPECT_EQ(edge->glyphs['"'].w, 0);
-
+  // No glyph at all: even the space is empty.
   FontPtr empty(fontFromSurface(sheetFromRow("SSSSSS", 4)));
-  ASSERT_TRUE(empty);
   for (int c = 0; c < 256; ++c) EXPECT_EQ(empty->glyphs[c].w, 0) << c;
-  EXPECT_EQ(textWidth(empty.get(), "   "), 0);
+  // Runs past code 255 are dropped, not written past the table.
+  FontPtr many = makeFont(std::vector<int>(240, 1), 2);
+  EXPECT_EQ(rect(many.get(), 255), (Rect{1 + 2 * (255 - 33), 1, 1, 2}));
+  EXPECT_EQ(many->glyphs[0].w, 0);
 }
 
-TEST_F(BitmapFontTest, RunsPastCode255AreIgnored) {
-  FontPtr font = makeFont(std::vector<int>(240, 1), 2);
-  ASSERT_TRUE(font);
-  EXPECT_EQ(font->glyphs[255].w, 1);
-  EXPECT_EQ(font->glyphs[255].x, 1 + 2 * (255 - 33));
-  EXPECT_EQ(font->glyphs[0].w, 0);
-}
-
-TEST_F(BitmapFontTest, ConstructorsGiveNoFontForMissingInput) {
+TEST_F(BitmapFontTest, ConstructorsAndFreeing) {
   EXPECT_EQ(fontFromSurface(nullptr), nullptr);
   EXPECT_EQ(loadFont(nullptr), nullptr);
   EXPECT_EQ(loadFont("no/such/font.bmp"), nullptr);
@@ -148,30 +134,22 @@ TEST_F(BitmapFontTest, ConstructorsGiveNoFontForMissingInput) {
   TempDir dir;
   SurfacePtr sheet(sheetFromWidths({2, 5}, 4));
   ASSERT_EQ(SDL_SaveBMP(sheet.get(), dir.path("font.bmp").c_str()), 0);
-  FontPtr font(loadFont(dir.path("font.bmp").c_str()));
+  BitmapFont* font = loadFont(dir.path("font.bmp").c_str());
   ASSERT_TRUE(font);
-  EXPECT_EQ(currentFont(), font.get());
+  EXPECT_EQ(currentFont(), font);
   EXPECT_EQ(font->glyphs['"'].w, 5);
-  EXPECT_EQ(fontHeight(font.get()), 4);
-  setFontHeight(font.get(), 9);
-  EXPECT_EQ(fontHeight(font.get()), 9);
-}
-
-TEST_F(BitmapFontTest, WidthsSumGlyphsAndCountMissingOnesAsZero) {
-  FontPtr font = makeFont(gameLikeWidths());
-  EXPECT_EQ(textWidth(font.get(), ""), 0);
-  EXPECT_EQ(textWidth(font.get(), "a b"), 30);
-  EXPECT_EQ(textWidth(font.get(), "a\t\x01"), 10);
-  EXPECT_EQ(charWidth(font.get(), 'c'), 4);
-  EXPECT_EQ(charWidth(font.get(), '\xE9'), 0);
-  setCurrentFont(font.get());
-  EXPECT_EQ(textWidth("ab"), 20);
+  EXPECT_EQ(fontHeight(font), 4);
+  // Freeing the current font leaves none current rather than a dangling one.
+  freeFont(font);
+  EXPECT_EQ(currentFont(), nullptr);
 }
 
 TEST_F(BitmapFontTest, PlacementOnA100PixelTarget) {
   FontPtr font = makeFont(gameLikeWidths());
   SurfacePtr target(rgbSurface(100, 8));
   setCurrentFont(font.get());
+  EXPECT_EQ(textWidth(""), 0);
+  EXPECT_EQ(textWidth("a\t\x01 b"), 30);  // control characters have no glyph
 
   leftPut(target.get(), 0, "ab");
   EXPECT_EQ(litSpan(target.get(), 2), std::make_pair(0, 19));
@@ -271,16 +249,8 @@ TEST_F(BitmapFontTest, NoCurrentFontDrawsNothing) {
   setCurrentFont(nullptr);
   EXPECT_EQ(putChar(target.get(), 0, 0, 'a'), 0);
   EXPECT_EQ(textWidth("abc"), 0);
-  putString(target.get(), 0, 0, "abc");
-  centeredPut(target.get(), 0, "abc");
-  rightPut(target.get(), 0, "abc");
-  leftPut(target.get(), 0, "abc");
   justifiedPut(target.get(), 0, "a b c");
   printString(target.get(), 0, 0, "%s", "abc");
-  centeredPrint(target.get(), 0, "abc");
-  rightPrint(target.get(), 0, "abc");
-  leftPrint(target.get(), 0, "abc");
-  justifiedPrint(target.get(), 0, "a b");
   EXPECT_EQ(litSpan(target.get(), 2).first, -1);
 }
 
@@ -331,12 +301,4 @@ TEST_F(BitmapFontTest, TintedFontScalesEveryShadeButTheKey) {
   putString(target.get(), tinted.get(), 0, 0, "!");
   EXPECT_EQ(pixelRGB(target.get(), 0, 0), 0xFF8000u);
   EXPECT_EQ(tintedFont(nullptr, 1, 2, 3), nullptr);
-}
-
-TEST_F(BitmapFontTest, FreeingTheCurrentFontLeavesNoneCurrent) {
-  BitmapFont* font = fontFromSurface(sheetFromWidths({2}, 3));
-  ASSERT_EQ(currentFont(), font);
-  freeFont(font);
-  EXPECT_EQ(currentFont(), nullptr);
-  freeFont(nullptr);
 }
