@@ -2,6 +2,10 @@
 
 struct StellarObject;
 
+// Releases a system's planet images when the ship leaves it: releasePlanetImages,
+// unless a test counts the calls instead.
+extern void (*releaseSystemImages)(StellarObject* object);
+
 void runSpaceFrame();
 void runSystemFrame();
 // The speed and heading controls (frame loop step 8, with maneuverOn).
