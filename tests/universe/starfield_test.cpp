@@ -35,11 +35,11 @@ const char* lastLogLine() { return debugLog.lines[previousLine(debugLog.writeInd
 struct SurfaceDeleter {
   void operator()(SDL_Surface* s) const { SDL_FreeSurface(s); }
 };
-using Surface = std::unique_ptr<SDL_Surface, SurfaceDeleter>;
+using OwnedSurface = std::unique_ptr<SDL_Surface, SurfaceDeleter>;
 
-Surface blackPane() {
+OwnedSurface blackPane() {
   const SDL_PixelFormat* f = SDL_GetVideoSurface()->format;
-  return Surface(SDL_CreateRGBSurface(SDL_SWSURFACE, 500, 500, 32, f->Rmask, f->Gmask, f->Bmask, 0));
+  return OwnedSurface(SDL_CreateRGBSurface(SDL_SWSURFACE, 500, 500, 32, f->Rmask, f->Gmask, f->Bmask, 0));
 }
 
 class StarfieldTest : public ::testing::Test {
@@ -167,7 +167,7 @@ TEST_F(StarfieldTest, ReplacementsAreNotMovedInTheFrameThatMadeThem) {
 }
 
 TEST_F(StarfieldTest, StillStarsAreSinglePixelsAndMovingOnesStreaks) {
-  Surface pane = blackPane();
+  OwnedSurface pane = blackPane();
   addStar(100, 100, 130, 200, 100, 50);
   addStar(600, 100, 130, 1, 1, 1);  // on the field's edge, off the pane: clipped, not written
   drawStars(pane.get(), 0, 0);
@@ -176,7 +176,7 @@ TEST_F(StarfieldTest, StillStarsAreSinglePixelsAndMovingOnesStreaks) {
   EXPECT_EQ(starCount(), 2);
 
   clearField();
-  Surface streak = blackPane();
+  OwnedSurface streak = blackPane();
   addStar(200, 200, 250, 255, 255, 255);  // moves the whole velocity: 10 pixels
   drawStars(streak.get(), 10, 0);
   EXPECT_EQ(starlist->X, 210);
@@ -189,7 +189,7 @@ TEST_F(StarfieldTest, StillStarsAreSinglePixelsAndMovingOnesStreaks) {
 }
 
 TEST_F(StarfieldTest, EmptyFieldDrawsNothingAndSaysSo) {
-  Surface pane = blackPane();
+  OwnedSurface pane = blackPane();
   drawStars(pane.get(), 5, 5);
   EXPECT_STREQ(lastLogLine(), "nothing in starlist from drawStars");
   EXPECT_EQ(pixelRGB(pane.get(), 0, 0), 0u);
@@ -197,7 +197,7 @@ TEST_F(StarfieldTest, EmptyFieldDrawsNothingAndSaysSo) {
 
 TEST_F(StarfieldTest, TheFieldKeepsFiveHundredStarsWhateverTheShipDoes) {
   initBackgroundStars();
-  Surface pane = blackPane();
+  OwnedSurface pane = blackPane();
   const int velocities[][2] = {{40, 0}, {-40, 13}, {0, -40}, {28, 28}, {-7, -33}, {0, 0}};
   for (int frame = 0; frame < 600; ++frame) {
     const auto& v = velocities[(frame / 50) % 6];
