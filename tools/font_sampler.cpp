@@ -49,7 +49,7 @@ int main(int argc, char** argv) {
     std::fprintf(stderr, "font_sampler: no font could be built; is %s in the working directory?\n", gameFontPath);
     return 1;
   }
-  SDL_Surface* page = SDL_CreateRGBSurface(SDL_SWSURFACE, 1100, height, 32, 0, 0, 0, 0);
+  SDL_Surface* page = SDL_CreateRGBSurface(SDL_SWSURFACE, 1300, height, 32, 0, 0, 0, 0);
   if (!page) {
     std::fprintf(stderr, "font_sampler: couldn't make the page: %s\n", SDL_GetError());
     return 1;
