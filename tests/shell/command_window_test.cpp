@@ -69,28 +69,6 @@ class CommandWindowTest : public GameTest {
 
 }  // namespace
 
-TEST(CommandWindowTable, MenusListTheirItemsAndBlankTheRest) {
-  const char* expected[menuCount][menuSlots] = {
-      {"Captain", "Science", "Navigator", "Tactical", "Engineering", "Communication"},
-      {"Land", "Disembark", "Cargo", "Log Planet", "Bridge", " "},
-      {"Launch", "Disembark", "Cargo", "Log Planet", "Bridge", " "},
-      {"Sensors", "Analysis", "Culture", "Status", "Bridge", " "},
-      {"Maneuver", "Starmap", "Jump Pod", "Bridge", " ", " "},
-      {"Raise Shields", "Arm Weapons", "Combat", "Bridge", " ", " "},
-      {"Lower Shields", "Arm Weapons", "Combat", "Bridge", " ", " "},
-      {"Raise Shields", "Disarm Weapons", "Combat", "Bridge", " ", " "},
-      {"Lower Shields", "Disarm Weapons", "Combat", "Bridge", " ", " "},
-      {"Damage", "Repair", "Configuration", "Bridge", " ", " "},
-      {"Hail", "Distress", "Bridge", " ", " ", " "},
-      {"Select Site", "Descent", "Cancel", " ", " ", " "},
-  };
-  const int counts[menuCount] = {6, 5, 5, 5, 4, 4, 4, 4, 4, 4, 3, 3};
-  for (int m = 0; m < menuCount; ++m) {
-    EXPECT_EQ(menuItemCount[m], counts[m]) << m;
-    for (int i = 0; i < menuSlots; ++i) EXPECT_STREQ(menuItems[m][i], expected[m][i]) << m << "," << i;
-  }
-}
-
 TEST_F(CommandWindowTest, StartsOnTheBridgeWithNothingSelected) {
   LogWatch log;
   setCurrentMenu(4);
