@@ -31,10 +31,10 @@ starmap: configure
 FORMAT_FILES = $(shell git ls-files '*.cpp' '*.h')
 
 format:
-	clang-format -i $(FORMAT_FILES)
+	@clang-format -i $(FORMAT_FILES)
 
 format-check:
-	clang-format --dry-run --Werror $(FORMAT_FILES)
+	@clang-format --dry-run --Werror $(FORMAT_FILES) && echo "format-check: all sources formatted"
 
 clean:
 	rm -rf $(BUILD)
