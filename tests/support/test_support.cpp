@@ -8,6 +8,7 @@
 #include <cstring>
 #include <filesystem>
 #include <fstream>
+#include <regex>
 #include <sstream>
 
 #include "shell/command_window.h"
@@ -15,6 +16,7 @@
 #include "shell/game_state.h"
 #include "shell/main_loop.h"
 #include "shell/message_window.h"
+#include "surface/globe.h"
 #include "ui/font_builder.h"
 
 void ensureScreen() {
@@ -73,6 +75,84 @@ Uint32 pixelRGB(SDL_Surface* surface, int x, int y) {
   Uint8 r, g, b;
   SDL_GetRGB(raw, surface->format, &r, &g, &b);
   return (Uint32(r) << 16) | (Uint32(g) << 8) | b;
+}
+
+SurfacePtr blankSurface(int w, int h) {
+  return SurfacePtr(SDL_CreateRGBSurface(SDL_SWSURFACE, w, h, 32, 0x00FF0000, 0x0000FF00, 0x000000FF, 0));
+}
+
+LogWatch::LogWatch() : start_(debugLog.writeIndex) {}
+
+std::vector<std::string> LogWatch::lines() const {
+  std::vector<std::string> out;
+  for (int i = start_; i != debugLog.writeIndex; i = (i + 1) % logLineCount) out.emplace_back(debugLog.lines[i]);
+  return out;
+}
+
+bool LogWatch::saw(const char* text) const {
+  for (const std::string& line : lines()) {
+    if (line.find(text) != std::string::npos) return true;
+  }
+  return false;
+}
+
+const char* lastMessage(int back) {
+  int index = messageWindow.writeIndex;
+  for (int i = 0; i <= back; ++i) index = (index + logLineCount - 1) % logLineCount;
+  return messageWindow.lines[index];
+}
+
+PlacedObjects::~PlacedObjects() {
+  for (auto it = placed_.rbegin(); it != placed_.rend(); ++it) {
+    releasePlanetImages(it->object);
+    starMap[it->x][it->y].object = it->previous;
+    for (Planet*& planet : it->object->Planets) {
+      delete planet;
+      planet = nullptr;
+    }
+    delete it->object;
+  }
+}
+
+StellarObject* PlacedObjects::place(int x, int y, const char* Class, const char* Eco, int planets) {
+  auto* object = new StellarObject;
+  object->x = x;
+  object->y = y;
+  std::snprintf(object->Class, sizeof object->Class, "%s", Class);
+  std::snprintf(object->Eco, sizeof object->Eco, "%s", Eco);
+  object->NumOfPlanets = planets;
+  placed_.push_back({x, y, object, starMap[x][y].object});
+  starMap[x][y].object = object;
+  return object;
+}
+
+std::vector<std::string> stateLines(const std::string& output) {
+  std::vector<std::string> lines;
+  std::size_t pos = 0;
+  while ((pos = output.find("STATE {", pos)) != std::string::npos) {
+    const std::size_t end = output.find('\n', pos);
+    lines.push_back(output.substr(pos, end == std::string::npos ? std::string::npos : end - pos));
+    pos = end;
+  }
+  return lines;
+}
+
+std::string stateField(const std::string& state, const std::string& name) {
+  const std::regex pattern("\"" + name + "\":(\\[[^\\]]*\\]|\\{[^}]*\\}|\"[^\"]*\"|[^,}]*)");
+  std::smatch match;
+  return std::regex_search(state, match, pattern) ? match[1].str() : "(missing)";
+}
+
+int stateNumber(const std::string& state, const std::string& name) {
+  const std::string value = stateField(state, name);
+  EXPECT_NE(value, "(missing)") << "no " << name << " in " << state.substr(0, 200);
+  return std::atoi(value.c_str());
+}
+
+std::string clickRow(int frame, int row) {
+  const std::string y = std::to_string(260 + 30 * row + 10);
+  return "at " + std::to_string(frame) + " mouse move 600 " + y + "\n" + "at " + std::to_string(frame + 3) +
+         " mouse down\n" + "at " + std::to_string(frame + 6) + " mouse up\n";
 }
 
 namespace {

@@ -2,7 +2,11 @@
 #include <SDL.h>
 #include <gtest/gtest.h>
 
+#include <memory>
 #include <string>
+#include <vector>
+
+#include "universe/star_map.h"
 
 // Opens the headless 800 x 600 x 32 screen once per test program, builds the
 // fonts and sets up the log and message windows; tests run in the built data
@@ -39,3 +43,53 @@ struct RunResult {
 };
 // `environment` is put before the command, e.g. "SDL_VIDEODRIVER=none".
 RunResult runGame(const std::string& arguments, const std::string& environment = "");
+
+// Owns a surface a test made.
+struct SurfaceFree {
+  void operator()(SDL_Surface* s) const { SDL_FreeSurface(s); }
+};
+using SurfacePtr = std::unique_ptr<SDL_Surface, SurfaceFree>;
+// A black 32-bit software surface.
+SurfacePtr blankSurface(int w, int h);
+
+// Watches the debug log from its creation on.
+class LogWatch {
+ public:
+  LogWatch();
+  // Whether a line logged since the watch began contains `text`.
+  bool saw(const char* text) const;
+  // The lines logged since the watch began, oldest first.
+  std::vector<std::string> lines() const;
+
+ private:
+  int start_;
+};
+
+// The newest player message, or `back` messages before it.
+const char* lastMessage(int back = 0);
+
+// Puts stellar objects into star-map cells for one test and restores the cells afterwards.
+class PlacedObjects {
+ public:
+  PlacedObjects() = default;
+  PlacedObjects(const PlacedObjects&) = delete;
+  PlacedObjects& operator=(const PlacedObjects&) = delete;
+  ~PlacedObjects();
+  StellarObject* place(int x, int y, const char* Class = "G", const char* Eco = "Lane 3", int planets = 0);
+
+ private:
+  struct Entry {
+    int x, y;
+    StellarObject* object;
+    StellarObject* previous;
+  };
+  std::vector<Entry> placed_;
+};
+
+// Scripted runs of the real game: the `STATE {...}` lines of its output, one
+// field of such a line (a number, "text", [list] or {object} as written), and
+// the script lines of a click on a row of the command window.
+std::vector<std::string> stateLines(const std::string& output);
+std::string stateField(const std::string& state, const std::string& name);
+int stateNumber(const std::string& state, const std::string& name);
+std::string clickRow(int frame, int row);
