@@ -1,5 +1,6 @@
 #include "platform/text.h"
 
+#include <cstdio>
 #include <cstdlib>
 #include <string>
 
@@ -21,3 +22,9 @@ std::vector<std::string_view> splitTokens(std::string_view line) {
 int parseInt(std::string_view text) { return std::atoi(std::string(text).c_str()); }
 
 double parseReal(std::string_view text) { return std::atof(std::string(text).c_str()); }
+
+FormattedText formatText(const char* format, std::va_list args) {
+  FormattedText out;
+  std::vsnprintf(out.text, sizeof out.text, format, args);
+  return out;
+}

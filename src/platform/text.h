@@ -1,4 +1,5 @@
 #pragma once
+#include <cstdarg>
 #include <cstddef>
 #include <cstring>
 #include <string_view>
@@ -18,6 +19,12 @@ bool copyText(char (&field)[N], std::string_view text) {
 // The list separators of the data formats: any run of blank, comma, tab or
 // line feed (what strtok with " ,\t\n" does, without touching the line).
 std::vector<std::string_view> splitTokens(std::string_view line);
+
+// printf into a buffer of 1024 bytes: what the log and message wrappers format with.
+struct FormattedText {
+  char text[1024];
+};
+FormattedText formatText(const char* format, std::va_list args);
 
 // atoi and atof on a field, with the standard functions' rules.
 int parseInt(std::string_view text);

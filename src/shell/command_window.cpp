@@ -147,45 +147,29 @@ void bridgeAction(int item) {
   }
 }
 
+// The four tactical menus: each switch flips one system and moves to the menu
+// of the new combination, keeping the item just used under the mouse.
+struct TacticalSwitch {
+  int menu, item;
+  int Ship::*system;
+  int online;
+  int nextMenu;
+};
+constexpr TacticalSwitch tacticalSwitches[] = {
+    {5, 0, &Ship::shieldsOnline, 1, 6}, {5, 1, &Ship::weaponsOnline, 1, 7}, {6, 0, &Ship::shieldsOnline, 0, 5},
+    {6, 1, &Ship::weaponsOnline, 1, 8}, {7, 0, &Ship::shieldsOnline, 1, 8}, {7, 1, &Ship::weaponsOnline, 0, 5},
+    {8, 0, &Ship::shieldsOnline, 0, 7}, {8, 1, &Ship::weaponsOnline, 0, 6},
+};
+
 void tacticalAction(int menu, int item) {
-  // Raise or lower shields (item 0), arm or disarm weapons (item 1).
-  switch (menu * 10 + item) {
-    case 50:
-      playerShip.shieldsOnline = 1;
-      switchTactical(6, 0);
-      break;
-    case 51:
-      playerShip.weaponsOnline = 1;
-      switchTactical(7, 1);
-      break;
-    case 60:
-      playerShip.shieldsOnline = 0;
-      switchTactical(5, 0);
-      break;
-    case 61:
-      playerShip.weaponsOnline = 1;
-      switchTactical(8, 1);
-      break;
-    case 70:
-      playerShip.shieldsOnline = 1;
-      switchTactical(8, 0);
-      break;
-    case 71:
-      playerShip.weaponsOnline = 0;
-      switchTactical(5, 1);
-      break;
-    case 80:
-      playerShip.shieldsOnline = 0;
-      switchTactical(7, 0);
-      break;
-    case 81:
-      playerShip.weaponsOnline = 0;
-      switchTactical(6, 1);
-      break;
-    default:
-      if (item == 3) switchToMenu(0);
-      break;
+  for (const TacticalSwitch& t : tacticalSwitches) {
+    if (t.menu == menu && t.item == item) {
+      playerShip.*t.system = t.online;
+      switchTactical(t.nextMenu, item);
+      return;
+    }
   }
+  if (item == 3) switchToMenu(0);
 }
 
 }  // namespace

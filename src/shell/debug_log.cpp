@@ -83,12 +83,11 @@ void logMessage(const char* text) {
 }
 
 void logMessagef(const char* format, ...) {
-  char buffer[1024];
   va_list args;
   va_start(args, format);
-  std::vsnprintf(buffer, sizeof buffer, format, args);
+  const FormattedText line = formatText(format, args);
   va_end(args);
-  logMessage(buffer);
+  logMessage(line.text);
 }
 
 void showLog() { theLog->visible = 1; }

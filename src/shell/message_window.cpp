@@ -85,12 +85,11 @@ void showMessage(const char* text) {
 }
 
 void showMessagef(const char* format, ...) {
-  char buffer[1024];
   va_list args;
   va_start(args, format);
-  std::vsnprintf(buffer, sizeof buffer, format, args);
+  const FormattedText line = formatText(format, args);
   va_end(args);
-  showMessage(buffer);
+  showMessage(line.text);
 }
 
 void expandMessages() { theWindow->expanded = 1; }
