@@ -23,6 +23,13 @@ Planet* currentPlanetRecord() {
   return object->Planets[gameState.currentPlanet];
 }
 
+void drawCargoWindow() {
+  drawCargoList(screen);
+  drawShipHold(screen);
+  drawRoverHold(screen);
+  gameState.cargoWasShown = 1;
+}
+
 void resetAnalysisLines() {
   std::snprintf(gameState.analysisLines[0], sizeof gameState.analysisLines[0], " ");
   std::snprintf(gameState.analysisLines[1], sizeof gameState.analysisLines[1], " ");
@@ -64,10 +71,7 @@ void sensorSweepStep(Planet& planet) {
 // The cargo window is the only overlay in orbit and on the surface.
 bool drawCargoOverlay() {
   if (gameState.cargoOpen) {
-    drawCargoList(screen);
-    drawShipHold(screen);
-    drawRoverHold(screen);
-    gameState.cargoWasShown = 1;
+    drawCargoWindow();
     return true;
   }
   if (gameState.cargoWasShown) redrawAll();

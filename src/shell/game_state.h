@@ -49,6 +49,8 @@ extern GameState gameState;
 Planet* currentPlanetRecord();
 // analysisLines as they are when orbit is entered or restored.
 void resetAnalysisLines();
+// Draws the cargo window over the screen and notes that it was shown.
+void drawCargoWindow();
 void runOrbitFrame();
 void runSurfaceFrame();
 

@@ -24,7 +24,6 @@
 #include "shell/input.h"
 #include "shell/message_window.h"
 #include "shell/saved_game.h"
-#include "ship/cargo.h"
 #include "ship/components.h"
 #include "ship/ship.h"
 #include "surface/surface_map.h"
@@ -224,10 +223,7 @@ void redrawAll() {
 
 int drawOverlayWindow() {
   if (gameState.cargoOpen) {
-    drawCargoList(screen);
-    drawShipHold(screen);
-    drawRoverHold(screen);
-    gameState.cargoWasShown = 1;
+    drawCargoWindow();
     return 1;
   }
   if (gameState.navigationOpen) {
