@@ -18,21 +18,18 @@ TEST(Startup, RunsHeadlessForAFixedNumberOfFrames) {
   EXPECT_EQ(r.status, 0) << r.err;
 }
 
-TEST(Startup, BadCommandLineShowsUsage) {
+TEST(Startup, BadOptionsAndScriptsShowWhatIsWrong) {
   RunResult r = runGame("--warp 9");
   EXPECT_EQ(r.status, 2);
   EXPECT_NE(r.err.find("unknown option '--warp'"), std::string::npos);
   EXPECT_NE(r.err.find("usage: prospector"), std::string::npos);
-
   r = runGame("--help");
   EXPECT_EQ(r.status, 0);
   EXPECT_NE(r.out.find("--script FILE"), std::string::npos);
-}
 
-TEST(Startup, MalformedScriptStopsBeforeTheWindowOpens) {
   TempDir tmp;
   const std::string script = tmp.write("bad.txt", "at 1 state\nat 2 key down nokey\n");
-  const RunResult r = runGame("--script " + script);
+  r = runGame("--script " + script);
   EXPECT_EQ(r.status, 2);
   EXPECT_NE(r.err.find(script + ":2: expected a key name"), std::string::npos) << r.err;
 }
@@ -44,9 +41,8 @@ TEST(Startup, MissingFontOrSavedGameEndWithAClearMessage) {
   EXPECT_NE(r.err.find("ATX_A.ttf"), std::string::npos) << r.err;
   EXPECT_NE(r.err.find("scripts/install-deps"), std::string::npos) << r.err;
 
-  TempDir fontOnly;
-  ASSERT_EQ(symlink((std::string(PROSPECTOR_DATA_DIR) + "/ATX_A.ttf").c_str(), fontOnly.path("ATX_A.ttf").c_str()), 0);
-  r = runGame("--data " + fontOnly.dir() + " --frames 1");
+  ASSERT_EQ(symlink((std::string(PROSPECTOR_DATA_DIR) + "/ATX_A.ttf").c_str(), empty.path("ATX_A.ttf").c_str()), 0);
+  r = runGame("--data " + empty.dir() + " --frames 1");
   EXPECT_EQ(r.status, 1);
   EXPECT_NE(r.err.find("NewGame.sav"), std::string::npos) << r.err;
   EXPECT_NE(r.err.find("No such file"), std::string::npos) << r.err;
@@ -55,36 +51,23 @@ TEST(Startup, MissingFontOrSavedGameEndWithAClearMessage) {
 TEST(Startup, ScriptTakesScreenshotsPrintsStateAndQuits) {
   TempDir tmp;
   const std::string shot = tmp.path("shot.bmp");
-  const std::string script = tmp.write("s.txt",
-                                       "at 0 state\n"
-                                       "at 3 screenshot " +
-                                           shot +
-                                           "\n"
-                                           "at 4 key down escape\n");
-  const RunResult r = runGame("--unthrottled --frames 100 --script " + script);
+  const std::string script = "at 0 state\nat 3 screenshot " + shot + "\nat 4 key down escape\n";
+  const RunResult r = runGame("--unthrottled --frames 100 --script " + tmp.write("s.txt", script));
   EXPECT_EQ(r.status, 0) << r.err;
   EXPECT_EQ(r.out.rfind("STATE {\"mode\":", 0), 0u) << r.out;
-  SDL_Surface* image = SDL_LoadBMP(shot.c_str());
+  const SurfacePtr image(SDL_LoadBMP(shot.c_str()));
   ASSERT_NE(image, nullptr);
   EXPECT_EQ(image->w, 800);
   EXPECT_EQ(image->h, 600);
-  SDL_FreeSurface(image);
 }
-
-namespace {
-// The frame-rate counters follow the wall clock; everything else must repeat.
-std::string withoutClock(const std::string& state) {
-  static const std::regex clock("\"(frameRateStart|framesCounted)\":[0-9]+");
-  return std::regex_replace(state, clock, "");
-}
-}  // namespace
 
 TEST(Startup, SeedMakesARunRepeat) {
   TempDir tmp;
-  const std::string script = tmp.write("s.txt", "at 20 state\n");
-  const RunResult a = runGame("--unthrottled --frames 20 --seed 5 --script " + script);
-  const RunResult b = runGame("--unthrottled --frames 20 --seed 5 --script " + script);
+  const std::string args = "--unthrottled --frames 20 --seed 5 --script " + tmp.write("s.txt", "at 20 state\n");
+  // The frame-rate counters follow the wall clock; everything else must repeat.
+  const std::regex clock("\"(frameRateStart|framesCounted)\":[0-9]+");
+  const RunResult a = runGame(args), b = runGame(args);
   EXPECT_EQ(a.status, 0);
   EXPECT_NE(a.out.find("STATE"), std::string::npos);
-  EXPECT_EQ(withoutClock(a.out), withoutClock(b.out));
+  EXPECT_EQ(std::regex_replace(a.out, clock, ""), std::regex_replace(b.out, clock, ""));
 }
