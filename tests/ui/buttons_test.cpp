@@ -1,149 +1,62 @@
 #include "ui/buttons.h"
 
-#include <SDL.h>
-#include <gtest/gtest.h>
-
+#include <algorithm>
 #include <cstring>
-#include <memory>
 #include <tuple>
 
 #include "support/test_support.h"
-#include "ui/bitmap_font.h"
 #include "ui/font_builder.h"
 
-namespace {
-
-struct SurfaceDeleter {
-  void operator()(SDL_Surface* surface) const { SDL_FreeSurface(surface); }
-};
-using SurfacePtr = std::unique_ptr<SDL_Surface, SurfaceDeleter>;
-
-SurfacePtr blackScreen() {
-  SurfacePtr s(SDL_CreateRGBSurface(SDL_SWSURFACE, 800, 600, 32, 0xFF0000, 0x00FF00, 0x0000FF, 0));
-  SDL_FillRect(s.get(), nullptr, 0);
-  return s;
-}
-
-class TextButtonTest : public ::testing::Test {
- protected:
-  void SetUp() override { initTextButton(&close, 30, 20, 760, 10, " X "); }
-  TextButton close;
-};
-
-}  // namespace
-
-TEST_F(TextButtonTest, LongLabelsAreCut) {
-  TextButton longer;
+TEST(TextButton, HoverIsStrictlyInsideAndReleaseInsideMakesOneClick) {
+  TextButton close, longer;
+  initTextButton(&close, 30, 20, 760, 10, " X ");
+  const int hovers[][3] = {{775, 20, 1}, {761, 11, 1}, {789, 29, 1}, {760, 20, 0}, {775, 30, 0}, {790, 29, 0}};
+  for (const auto& h : hovers) EXPECT_EQ((trackHover(h[0], h[1], &close), close.hover), h[2]) << h[0] << "," << h[1];
+  // i/o: the pointer moves in or out; p/r: press, release; t: take the click. Pressing elsewhere and
+  // releasing on the button clicks; a click not taken is cleared by the next press.
+  std::string taken;
+  for (char step : std::string("iprttopirtprport")) {
+    if (step == 'i' || step == 'o') trackHover(step == 'i' ? 775 : 700, 20, &close);
+    if (step == 'p' || step == 'r') (step == 'p' ? pressButton : releaseButton)(&close);
+    if (step == 't') taken += std::to_string(takeClick(&close));
+  }
+  EXPECT_EQ(taken, "1010");
   initTextButton(&longer, 10, 10, 0, 0, "A label far longer than any button of the game would carry");
   EXPECT_EQ(std::strlen(longer.label), sizeof longer.label - 1);
 }
 
-TEST_F(TextButtonTest, HoverIsStrictlyInside) {
-  const int inside[][2] = {{775, 20}, {761, 11}, {789, 29}};
-  const int border[][2] = {{760, 20}, {775, 30}, {790, 29}, {775, 10}};
-  for (const auto& p : inside) {
-    trackHover(p[0], p[1], &close);
-    EXPECT_EQ(close.hover, 1) << p[0] << "," << p[1];
-  }
-  for (const auto& p : border) {
-    trackHover(p[0], p[1], &close);
-    EXPECT_EQ(close.hover, 0) << p[0] << "," << p[1];
-  }
-}
-
-TEST_F(TextButtonTest, ReleaseDecidesTheClick) {
-  // Press and release on the button: one click, taken once.
-  trackHover(775, 20, &close);
-  pressButton(&close);
-  EXPECT_EQ(close.pressed, 1);
-  releaseButton(&close);
-  EXPECT_EQ(close.pressed, 0);
-  EXPECT_EQ(takeClick(&close), 1);
-  EXPECT_EQ(takeClick(&close), 0);
-
-  // Press elsewhere, move on, release: still a click.
-  trackHover(100, 100, &close);
-  pressButton(&close);
-  trackHover(775, 20, &close);
-  releaseButton(&close);
-  EXPECT_EQ(takeClick(&close), 1);
-
-  // Press on it, move off, release: no click, and a click not taken is cleared.
-  pressButton(&close);
-  releaseButton(&close);
-  pressButton(&close);
-  trackHover(700, 20, &close);
-  releaseButton(&close);
-  EXPECT_EQ(takeClick(&close), 0);
-}
-
-TEST_F(TextButtonTest, HoveredDotsRunALapClockwise) {
+TEST(TextButton, LooksFollowThePointerAndHoveredDotsRunALap) {
   ensureScreen();
-  SurfacePtr s = blackScreen();
-  close.hover = 1;
-  // Dot 1 from the top-left corner, dot 2 half a lap ahead from the bottom-right.
-  using Dots = std::tuple<int, int, int, int, int>;
-  auto dots = [&] { return Dots{close.dot1X, close.dot1Y, close.dot2X, close.dot2Y, close.dotPhase}; };
-  EXPECT_EQ(dots(), (Dots{760, 10, 790, 30, 0}));
-  for (int i = 0; i < 30; ++i) drawTextButton(s.get(), &close, &fontTable);
-  EXPECT_EQ(dots(), (Dots{790, 10, 760, 30, 1}));
-  for (int i = 0; i < 20; ++i) drawTextButton(s.get(), &close, &fontTable);
-  EXPECT_EQ(dots(), (Dots{790, 30, 760, 10, 2}));
-
-  // Away from the button the dots wait where they are.
-  close.hover = 0;
-  for (int i = 0; i < 7; ++i) drawTextButton(s.get(), &close, &fontTable);
-  EXPECT_EQ(close.dot1X, 790);
-  close.hover = 1;
-  for (int i = 0; i < 50; ++i) drawTextButton(s.get(), &close, &fontTable);
-  EXPECT_EQ(dots(), (Dots{760, 10, 790, 30, 0}));
-
-  // Holding the mouse button stops them.
-  close.pressed = 1;
-  drawTextButton(s.get(), &close, &fontTable);
-  EXPECT_EQ(close.dot1X, 760);
-}
-
-TEST_F(TextButtonTest, ThreeLooksAndACentredRedLabel) {
-  ensureScreen();
-  setCurrentFont(fontTable.fonts[7]);
-  SurfacePtr s = blackScreen();
-  drawTextButton(s.get(), &close, &fontTable);
-  EXPECT_EQ(pixelRGB(s.get(), 760, 20), 0x202080u);
+  TextButton close;
+  initTextButton(&close, 30, 20, 760, 10, " X ");
+  SurfacePtr s = blankSurface(800, 600);
+  auto after = [&](int hover, int frames) {
+    close.hover = hover;
+    for (int i = 0; i < frames; ++i) drawTextButton(s.get(), &close, &fontTable);
+    return std::tuple{close.dot1X, close.dot1Y, close.dot2X, close.dot2Y, close.dotPhase};
+  };
+  after(0, 1);
   EXPECT_EQ(pixelRGB(s.get(), 790, 30), 0x202080u);
-  EXPECT_EQ(currentFont(), fontTable.fonts[2]);
-
-  // The label's red strokes lie within its X, blanks counted in the centring.
+  // The label's red strokes lie within its X, the blanks counted in the centring.
   BitmapFont* label = fontTable.fonts[12];
-  const int blank = charWidth(label, ' ');
-  const int left = 760 + (30 - textWidth(label, " X ")) / 2;
+  const int left = 760 + (30 - textWidth(label, " X ")) / 2 + charWidth(label, ' ');
   int minX = 800, maxX = -1;
-  for (int y = 12; y < 12 + label->height; ++y) {
-    for (int x = 740; x < 800; ++x) {
-      const Uint32 p = pixelRGB(s.get(), x, y);
-      if ((p >> 16) > 0x80 && (p & 0xFFFF) == 0) {
-        minX = std::min(minX, x);
-        maxX = std::max(maxX, x);
-      }
-    }
+  for (int i = 0; i < 60 * label->height; ++i) {
+    const Uint32 p = pixelRGB(s.get(), 740 + i % 60, 12 + i / 60);
+    if ((p >> 16) > 0x80 && (p & 0xFFFF) == 0) minX = std::min(minX, 740 + i % 60), maxX = std::max(maxX, 740 + i % 60);
   }
-  EXPECT_GE(minX, left + blank);
-  EXPECT_LT(maxX, left + blank + charWidth(label, 'X'));
-  EXPECT_GT(maxX, minX);
-
-  SurfacePtr held = blackScreen();
-  close.hover = close.pressed = 1;
-  drawTextButton(held.get(), &close, &fontTable);
-  EXPECT_EQ(pixelRGB(held.get(), 760, 20), 0x8080FFu);
-  EXPECT_EQ(pixelRGB(held.get(), 757, 10), 0u);
-
-  SurfacePtr hovered = blackScreen();
+  EXPECT_TRUE(left <= minX && minX < maxX && maxX < left + charWidth(label, 'X')) << minX << ".." << maxX;
+  // Held: the bright border, and the dots stand still; hovered: the dots drawn at the corners, then moved on.
+  close.pressed = 1;
+  EXPECT_EQ(after(1, 1), (std::tuple{760, 10, 790, 30, 0}));
+  EXPECT_EQ(pixelRGB(s.get(), 760, 20), 0x8080FFu);
   close.pressed = 0;
-  drawTextButton(hovered.get(), &close, &fontTable);
-  EXPECT_EQ(pixelRGB(hovered.get(), 760, 20), 0x202080u);
-  // The dots were drawn at the corners before they moved on.
-  EXPECT_EQ(pixelRGB(hovered.get(), 759, 10), 0x8080FFu);
-  EXPECT_EQ(pixelRGB(hovered.get(), 792, 30), 0x8080FFu);
-  EXPECT_EQ(close.dot1X, 761);
-  EXPECT_EQ(close.dot2X, 789);
+  EXPECT_EQ(after(1, 1), (std::tuple{761, 10, 789, 30, 0}));
+  EXPECT_EQ(pixelRGB(s.get(), 760, 20), 0x202080u);
+  EXPECT_EQ(pixelRGB(s.get(), 759, 10), 0x8080FFu);
+  EXPECT_EQ(pixelRGB(s.get(), 792, 30), 0x8080FFu);
+  EXPECT_EQ(after(1, 29), (std::tuple{790, 10, 760, 30, 1}));
+  EXPECT_EQ(after(1, 20), (std::tuple{790, 30, 760, 10, 2}));
+  EXPECT_EQ(after(0, 7), (std::tuple{790, 30, 760, 10, 2}));  // away from the button they wait
+  EXPECT_EQ(after(1, 50), (std::tuple{760, 10, 790, 30, 0}));
 }
