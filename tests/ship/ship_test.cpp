@@ -1,328 +1,236 @@
 #include "ship/ship.h"
 
-#include <SDL.h>
 #include <SDL_gfxPrimitives.h>
-#include <gtest/gtest.h>
-#include <unistd.h>
 
+#include <algorithm>
+#include <climits>
 #include <cstring>
-#include <string>
+#include <filesystem>
 
-#include "shell/debug_log.h"
 #include "support/test_support.h"
 
 namespace {
 
-// Runs a test inside a directory of its own data files, as the game runs in its data directory.
-class InDirectory {
- public:
-  explicit InDirectory(const std::string& dir) {
-    char* cwd = getcwd(nullptr, 0);
-    previous_ = cwd ? cwd : ".";
-    std::free(cwd);
-    EXPECT_EQ(chdir(dir.c_str()), 0) << dir;
-  }
-  ~InDirectory() { EXPECT_EQ(chdir(previous_.c_str()), 0); }
-
- private:
-  std::string previous_;
-};
-
-// The log lines written since the watch was made.
-class LogWatch {
- public:
-  bool saw(const char* text) const {
-    for (int i = start_; i != debugLog.writeIndex; i = (i + 1) % logLineCount) {
-      if (std::strstr(debugLog.lines[i], text)) return true;
-    }
-    return false;
-  }
-
- private:
-  int start_ = debugLog.writeIndex;
-};
-
-bool sameMarkers(const MarkerList& list, std::initializer_list<MarkerPoint> points) {
-  if (list.size() != points.size()) return false;
-  std::size_t i = 0;
-  for (const MarkerPoint& p : points) {
-    if (list[i].x != p.x || list[i].y != p.y) return false;
-    ++i;
-  }
-  return true;
+// A marker list as "x,y x,y".
+std::string text(const MarkerList& list) {
+  std::string out;
+  for (const MarkerPoint& p : list) out += (out.empty() ? "" : " ") + std::to_string(p.x) + "," + std::to_string(p.y);
+  return out;
 }
 
+// What a ship file sets: class|type|hull|holds|hardpoints|engine|shield|plant markers|mount:markers;...|
+// description|hold capacity/free.
+std::string summary(const Ship& s) {
+  char holds[40];
+  std::snprintf(holds, sizeof holds, "|%.2f/%.2f", s.shipHoldCapacity, s.shipHoldFree);
+  std::string out = std::string(s.shipClass) + "|" + s.shipType + "|" + std::to_string(s.hullMax) + "|" +
+                    std::to_string(s.cargoHoldCount) + "|" + std::to_string(s.hardPointCount) + "|" +
+                    text(s.engineMarkers) + "|" + text(s.shieldMarkers) + "|" + text(s.powerPlantMarkers) + "|";
+  for (int i = 0; i < maxHardPoints; ++i) {
+    if (!s.hardPoints[i].markers.empty()) out += std::to_string(i) + ":" + text(s.hardPoints[i].markers) + ";";
+  }
+  return out + "|" + s.description + holds;
+}
+
+// The lowest and the highest channel of a pixel.
+std::pair<Uint32, Uint32> channels(SDL_Surface* s, int x, int y) {
+  const Uint32 c = pixelRGB(s, x, y);
+  return std::minmax({c >> 16, (c >> 8) & 0xFF, c & 0xFF});
+}
+
+// Fits the named parts and reads their files: "class description" of engine, shield and plant.
+std::string fit(Ship& ship, const char* engine, const char* shield, const char* plant) {
+  std::strcpy(ship.engine.name, engine);
+  std::strcpy(ship.shield.name, shield);
+  std::strcpy(ship.powerPlant.name, plant);
+  loadEngine(ship);
+  loadShield(ship);
+  loadPowerPlant(ship);
+  return std::to_string(ship.engine.engineClass) + " " + ship.engine.description + "|" +
+         std::to_string(ship.shield.shieldClass) + " " + ship.shield.description + "|" +
+         std::to_string(ship.powerPlant.powerPlantClass) + " " + ship.powerPlant.description;
+}
+
+// Ship and component files are read in a directory of its own, as the game reads its data directory.
 class ShipFileTest : public ::testing::Test {
  protected:
+  void SetUp() override { std::filesystem::current_path(dir.dir()); }
+  void TearDown() override { std::filesystem::current_path(home_); }
+  bool read(const std::string& content) { return readShipFile(ship, dir.write("Ships/Test.txt", content)); }
   Ship ship;
   TempDir dir;
-  bool read(const std::string& content) { return readShipFile(ship, dir.write("Ships/Test.txt", content)); }
+  LogWatch log;
+
+ private:
+  std::filesystem::path home_ = std::filesystem::current_path();
 };
 
 }  // namespace
 
-TEST_F(ShipFileTest, CommentLinesAreNotCountedAnywhere) {
-  ASSERT_TRUE(
-      read("# a ship for the tests\n"
-           "#\n"
-           "Corvette\n"
-           "Escort\n"
-           "# hull\n"
-           "120\n"
-           "4\n"
-           "2\n"
-           "10,20 30,40\n"
-           "50,60\n"
-           "# the power plant is next\n"
-           "70,80\n"
-           "100,110\n"
-           "# between the hardpoints\n"
-           "120,130 140,150\n"
-           "A small, quick escort.\n"
-           "This line is past the description and changes nothing\n"));
-  EXPECT_STREQ(ship.shipClass, "Corvette");
-  EXPECT_STREQ(ship.shipType, "Escort");
-  EXPECT_EQ(ship.hullMax, 120);
-  EXPECT_EQ(ship.cargoHoldCount, 4);
-  EXPECT_EQ(ship.hardPointCount, 2);
-  EXPECT_TRUE(sameMarkers(ship.engineMarkers, {{10, 20}, {30, 40}}));
-  EXPECT_TRUE(sameMarkers(ship.shieldMarkers, {{50, 60}}));
-  EXPECT_TRUE(sameMarkers(ship.powerPlantMarkers, {{70, 80}}));
-  EXPECT_TRUE(sameMarkers(ship.hardPoints[0].markers, {{100, 110}}));
-  EXPECT_TRUE(sameMarkers(ship.hardPoints[1].markers, {{120, 130}, {140, 150}}));
-  EXPECT_TRUE(ship.hardPoints[2].markers.empty());
-  EXPECT_EQ(ship.description, "A small, quick escort.");
-}
-
-TEST_F(ShipFileTest, WithoutHardpointsLineEightIsTheDescription) {
-  ASSERT_TRUE(read("Scout\nProbe\n40\n1\n0\n1,2\n3,4\n5,6\nJust a probe.\n7,8\n"));
-  EXPECT_EQ(ship.hardPointCount, 0);
-  EXPECT_EQ(ship.description, "Just a probe.");
-  for (const HardPoint& hp : ship.hardPoints) EXPECT_TRUE(hp.markers.empty());
-}
-
-TEST_F(ShipFileTest, EmptyLinesCountAsFields) {
-  ASSERT_TRUE(read("\nNo class above\n10\n1\n0\n\n\n\n\n"));
-  EXPECT_STREQ(ship.shipClass, "");
-  EXPECT_STREQ(ship.shipType, "No class above");
-  EXPECT_TRUE(ship.engineMarkers.empty());
-  EXPECT_EQ(ship.description, "");
-}
-
-TEST(ShipMarkers, SeparatorsMixFreelyAndAnUnpairedCoordinateIsDropped) {
-  bool dropped = true;
-  MarkerList list = parseMarkerList("120, 40 130,40", &dropped);
-  EXPECT_TRUE(sameMarkers(list, {{120, 40}, {130, 40}}));
-  EXPECT_FALSE(dropped);
-
-  list = parseMarkerList("\t1 ,, 2\t\t3,4  ", &dropped);
-  EXPECT_TRUE(sameMarkers(list, {{1, 2}, {3, 4}}));
-  EXPECT_FALSE(dropped);
-
-  list = parseMarkerList("5 6 7", &dropped);
-  EXPECT_TRUE(sameMarkers(list, {{5, 6}}));
-  EXPECT_TRUE(dropped);
-
-  list = parseMarkerList("", &dropped);
-  EXPECT_TRUE(list.empty());
-  EXPECT_FALSE(dropped);
-
-  // Coordinates are read as atoi reads them.
-  list = parseMarkerList("-12 x9 +7 3abc");
-  EXPECT_TRUE(sameMarkers(list, {{-12, 0}, {7, 3}}));
-}
-
-TEST_F(ShipFileTest, OddMarkerLineIsLogged) {
-  LogWatch log;
-  ASSERT_TRUE(read("A\nB\n1\n1\n1\n1,2,3\n\n\n9\nDesc\n"));
-  EXPECT_TRUE(sameMarkers(ship.engineMarkers, {{1, 2}}));
-  EXPECT_TRUE(ship.hardPoints[0].markers.empty()) << "a single 9 makes no point";
-  EXPECT_TRUE(log.saw("engine markers"));
-  EXPECT_TRUE(log.saw("hardpoint markers"));
-}
-
-TEST_F(ShipFileTest, HoldCountSetsCapacityWithTheCap) {
-  ASSERT_TRUE(read("A\nB\n1\n4\n0\n\n\n\nD\n"));
-  EXPECT_FLOAT_EQ(ship.shipHoldCapacity, 200.0f);
-  EXPECT_FLOAT_EQ(ship.shipHoldFree, 200.0f);
-
-  ASSERT_TRUE(read("A\nB\n1\n25\n0\n\n\n\nD\n"));
-  EXPECT_FLOAT_EQ(ship.shipHoldCapacity, 999.99f);
-  EXPECT_FLOAT_EQ(ship.shipHoldFree, 1250.0f);
-
-  EXPECT_FLOAT_EQ(holdCapacity(19), 950.0f);
-  EXPECT_FLOAT_EQ(holdCapacity(20), 999.99f);
-  EXPECT_FLOAT_EQ(holdCapacity(0), 0.0f);
-}
-
-TEST_F(ShipFileTest, HardpointCountIsClampedWithALogLine) {
-  std::string file = "A\nB\n1\n1\n14\n\n\n\n";
-  for (int i = 0; i < 10; ++i) file += std::to_string(i) + "," + std::to_string(i) + "\n";
-  file += "Ten mounts at most.\n";
-  LogWatch log;
-  ASSERT_TRUE(read(file));
-  EXPECT_EQ(ship.hardPointCount, 10);
-  EXPECT_TRUE(sameMarkers(ship.hardPoints[9].markers, {{9, 9}}));
-  EXPECT_EQ(ship.description, "Ten mounts at most.");
-  EXPECT_TRUE(log.saw("14 hardpoints"));
-
-  ASSERT_TRUE(read("A\nB\n1\n1\n-3\n\n\n\nNo mounts.\n"));
-  EXPECT_EQ(ship.hardPointCount, 0);
-  EXPECT_EQ(ship.description, "No mounts.");
-}
-
-TEST_F(ShipFileTest, StateValuesAreClearedAfterTheLastLine) {
-  ship.engine.engineClass = ship.shield.shieldClass = ship.powerPlant.powerPlantClass = 7;
-  ship.shield.shieldMax = ship.shield.shieldCurrent = 7;
-  ship.armorClass = ship.armorMax = ship.armorCurrent = ship.hullCurrent = ship.fuel = 7;
-  ship.shieldsOnline = ship.weaponsOnline = 1;
-  ship.roverFuel = 7.0f;
-  ship.roverHoldFree = 3.0f;
+TEST_F(ShipFileTest, FieldsGoByLineWithCommentsSkippedOddLinesLoggedAndTheStateClear) {
+  const struct {
+    std::string file, ship;
+  } cases[] = {
+      {"# a ship for the tests\n#\nCorvette\nEscort\n# hull\n120\n4\n2\n10,20 30,40\n50,60\n# the plant next\n70,80\n"
+       "100,110\n# between the hardpoints\n120,130 140,150\nA small, quick escort.\nPast the description\n",
+       "Corvette|Escort|120|4|2|10,20 30,40|50,60|70,80|0:100,110;1:120,130 140,150;|A small, quick "
+       "escort.|200.00/200.00"},
+      {"Scout\nProbe\n40\n1\n0\n1,2\n3,4\n5,6\nJust a probe.\n7,8\n",
+       "Scout|Probe|40|1|0|1,2|3,4|5,6||Just a probe.|50.00/50.00"},
+      {"\nNo class above\n10\n1\n0\n\n\n\n\n", "|No class above|10|1|0||||||50.00/50.00"},  // empty lines count
+      {"A\nB\n1\n1\n1\n1,2,3\n\n\n9\nDesc\n", "A|B|1|1|1|1,2||||Desc|50.00/50.00"},  // unpaired coordinates dropped
+      // Separators mix freely; coordinates are read as atoi reads them.
+      {"A\nB\n1\n1\n1\n120, 40 130,40\n\t1 ,, 2\t\t3,4  \n-12 x9 +7 3abc\n5 6 7\nD\n",
+       "A|B|1|1|1|120,40 130,40|1,2 3,4|-12,0 7,3|0:5,6;|D|50.00/50.00"},
+      {"A\nB\n1\n1\n-3\n\n\n\nNo mounts.\n", "A|B|1|1|0|||||No mounts.|50.00/50.00"},
+      // Fourteen hardpoints are cut to the ten there are: the description follows the tenth.
+      {"A\nB\n1\n1\n14\n\n\n\n" + std::string(9, '\n') + "9,9\nTen.\n", "A|B|1|1|10||||9:9,9;|Ten.|50.00/50.00"},
+      // Names are cut to their fields; the description has no fixed size.
+      {std::string(150, 'k') + "\nB\n1\n1\n0\n\n\n\n" + std::string(900, 'd') + "\n",
+       std::string(99, 'k') + "|B|1|1|0|||||" + std::string(900, 'd') + "|50.00/50.00"},
+      // 25 holds: the capacity is capped, the free space is not.
+      {"A\nB\n1\n25\n0\n\n\n\nD\n", "A|B|1|25|0|||||D|999.99/1250.00"},
+  };
+  for (const auto& c : cases) {
+    ASSERT_TRUE(read(c.file));
+    EXPECT_EQ(summary(ship), c.ship);
+  }
+  EXPECT_TRUE(log.saw("engine markers") && log.saw("hardpoint markers") && log.saw("class longer than 99") &&
+              log.saw("14 hardpoints"));
+  ship.engine.engineClass = ship.shield.shieldCurrent = ship.armorCurrent = ship.hullCurrent = ship.fuel = 7;
+  ship.shieldsOnline = ship.weaponsOnline = ship.roverFuel = 1;
   ship.shipHold.fill(2.0f);
   ship.roverHold.fill(2.0f);
   ship.hardPoints[4].markers = {{1, 1}};
   ship.hardPoints[4].weapon.description = "old";
-  ASSERT_TRUE(read("A\nB\n1\n2\n1\n\n\n\n3,3\nD\n"));
-  EXPECT_EQ(ship.engine.engineClass + ship.shield.shieldClass + ship.powerPlant.powerPlantClass, 0);
-  EXPECT_EQ(ship.shield.shieldMax + ship.shield.shieldCurrent, 0);
-  EXPECT_EQ(ship.armorClass + ship.armorMax + ship.armorCurrent + ship.hullCurrent + ship.fuel, 0);
-  EXPECT_EQ(ship.shieldsOnline + ship.weaponsOnline, 0);
-  EXPECT_EQ(ship.roverFuel, 0.0f);
+  ASSERT_TRUE(read("A\nB\n1\n25\n1\n\n\n\n3,3\nD\n"));
+  EXPECT_EQ(ship.engine.engineClass + ship.shield.shieldCurrent + ship.armorCurrent + ship.hullCurrent + ship.fuel +
+                ship.shieldsOnline + ship.weaponsOnline + ship.roverFuel,
+            0);
   EXPECT_EQ(ship.roverHoldFree, 50.0f);
-  for (int m = 0; m < 22; ++m) {
-    EXPECT_EQ(ship.shipHold[m], 0.0f);
-    EXPECT_EQ(ship.roverHold[m], 0.0f);
-  }
-  // The hardpoint line clears every mount, the ones beyond the count too.
-  EXPECT_TRUE(ship.hardPoints[4].markers.empty());
-  EXPECT_TRUE(ship.hardPoints[4].weapon.description.empty());
+  for (int m = 0; m < 22; ++m) EXPECT_EQ(ship.shipHold[m] + ship.roverHold[m], 0.0f) << m;
+  // Every mount is cleared, those beyond the count too.
+  EXPECT_TRUE(ship.hardPoints[4].markers.empty() && ship.hardPoints[4].weapon.description.empty());
+  ASSERT_TRUE(read("Stub\nHalf written\n55\n"));  // a short file keeps the fields it does not reach
+  EXPECT_EQ(summary(ship), "Stub|Half written|55|25|1||||0:3,3;|D|999.99/1250.00");
 }
 
-TEST_F(ShipFileTest, ShortFileKeepsTheFieldsItDoesNotReach) {
-  ship.cargoHoldCount = 3;
-  ship.description = "earlier";
-  ship.engineMarkers = {{1, 2}};
-  ASSERT_TRUE(read("Stub\nHalf written\n55\n"));
-  EXPECT_STREQ(ship.shipClass, "Stub");
-  EXPECT_EQ(ship.hullMax, 55);
-  EXPECT_EQ(ship.cargoHoldCount, 3);
-  EXPECT_EQ(ship.description, "earlier");
-  EXPECT_TRUE(sameMarkers(ship.engineMarkers, {{1, 2}}));
-  EXPECT_FLOAT_EQ(ship.shipHoldCapacity, 150.0f);
-}
-
-TEST_F(ShipFileTest, LongTextsAreCutToTheirFields) {
-  const std::string longName(150, 'k');
-  const std::string longDescription(900, 'd');
-  LogWatch log;
-  ASSERT_TRUE(read(longName + "\n" + longName + "\n1\n1\n0\n\n\n\n" + longDescription + "\n"));
-  EXPECT_EQ(std::string(ship.shipClass), std::string(99, 'k'));
-  EXPECT_EQ(std::string(ship.shipType), std::string(99, 'k'));
-  EXPECT_EQ(ship.description, longDescription) << "the description has no fixed size";
-  EXPECT_TRUE(log.saw("class longer than 99"));
-}
-
-TEST_F(ShipFileTest, MissingFilesAreLoggedAndChangeNothing) {
-  std::strcpy(ship.shipClass, "Kept");
-  ship.cargoHoldCount = 6;
-  ship.shipHoldFree = 12.5f;
-  SDL_Surface* images[shipImageCount] = {};
-  LogWatch log;
-  {
-    InDirectory in(dir.dir());
-    loadShip(images, ship, "NoSuchShip");
-  }
-  EXPECT_STREQ(ship.shipClass, "Kept");
-  EXPECT_EQ(ship.cargoHoldCount, 6);
-  EXPECT_EQ(ship.shipHoldFree, 12.5f);
-  for (SDL_Surface* image : images) EXPECT_EQ(image, nullptr);
-  EXPECT_TRUE(log.saw("Load and cache player object: NoSuchShip"));
-  EXPECT_TRUE(log.saw(".\\Ships\\NoSuchShip.txt"));
-  EXPECT_TRUE(log.saw(".\\Ships\\NoSuchShip.bmp"));
-  EXPECT_TRUE(log.saw(".\\Ships\\Rover.bmp"));
-}
-
-namespace {
-
-// A 20 x 30 test ship: a red nose block at the top centre on a grey body, on black.
-SDL_Surface* makeTestShip() {
-  SDL_Surface* s = SDL_CreateRGBSurface(SDL_SWSURFACE, 20, 30, 24, 0xFF0000, 0x00FF00, 0x0000FF, 0);
-  boxRGBA(s, 6, 6, 13, 27, 120, 120, 120, 255);
-  boxRGBA(s, 8, 0, 11, 5, 255, 0, 0, 255);
-  return s;
-}
-
-// The centre of the red pixels of an image.
-bool redCentre(SDL_Surface* image, double& cx, double& cy) {
-  double sx = 0, sy = 0;
-  int n = 0;
-  for (int y = 0; y < image->h; ++y) {
-    for (int x = 0; x < image->w; ++x) {
-      if (pixelRGB(image, x, y) == 0xFF0000) {
-        sx += x;
-        sy += y;
-        ++n;
-      }
-    }
-  }
-  if (n == 0) return false;
-  cx = sx / n;
-  cy = sy / n;
-  return true;
-}
-
-void freeImages(SDL_Surface** images) {
-  for (int i = 0; i < shipImageCount; ++i) {
-    if (images[i]) SDL_FreeSurface(images[i]);
-    images[i] = nullptr;
-  }
-}
-
-}  // namespace
-
-TEST_F(ShipFileTest, ImagesAreCachedAtEveryFiveDegrees) {
+TEST_F(ShipFileTest, MissingFilesChangeNothingAndImagesAreCachedAtEveryFiveDegrees) {
   ensureScreen();
-  dir.write("Ships/Test.txt", "A\nB\n1\n1\n0\n\n\n\nD\n");
-  SDL_Surface* source = makeTestShip();
-  ASSERT_EQ(SDL_SaveBMP(source, dir.path("Ships/Test.bmp").c_str()), 0);
-  SDL_Surface* rover = SDL_CreateRGBSurface(SDL_SWSURFACE, 10, 12, 24, 0xFF0000, 0x00FF00, 0x0000FF, 0);
-  SDL_FillRect(rover, nullptr, SDL_MapRGB(rover->format, 0, 200, 0));
-  ASSERT_EQ(SDL_SaveBMP(rover, dir.path("Ships/Rover.bmp").c_str()), 0);
-
+  ship.cargoHoldCount = 6;
   SDL_Surface* images[shipImageCount] = {};
-  {
-    InDirectory in(dir.dir());
-    loadShip(images, ship, "Test");
-    loadShip(images, ship, "Test");  // a second load replaces the first without leaking it
+  loadShip(images, ship, "NoSuchShip");
+  EXPECT_EQ(summary(ship), "||0|6|0||||||0.00/0.00");
+  for (SDL_Surface* image : images) EXPECT_EQ(image, nullptr);
+  EXPECT_TRUE(log.saw("Load and cache player object: NoSuchShip") && log.saw(".\\Ships\\NoSuchShip.txt") &&
+              log.saw(".\\Ships\\NoSuchShip.bmp") && log.saw(".\\Ships\\Rover.bmp"));
+  dir.write("Ships/Test.txt", "A\nB\n1\n1\n0\n\n\n\nD\n");
+  // A 20 x 30 ship: a red nose at the top centre on a grey body, on black; a plain green rover.
+  SurfacePtr source = blankSurface(20, 30), rover = blankSurface(10, 12);
+  boxRGBA(source.get(), 6, 6, 13, 27, 120, 120, 120, 255);
+  boxRGBA(source.get(), 8, 0, 11, 5, 255, 0, 0, 255);
+  SDL_FillRect(rover.get(), nullptr, 0x00C800);
+  ASSERT_EQ(SDL_SaveBMP(source.get(), dir.path("Ships/Test.bmp").c_str()), 0);
+  ASSERT_EQ(SDL_SaveBMP(rover.get(), dir.path("Ships/Rover.bmp").c_str()), 0);
+  loadShip(images, ship, "Test");
+  loadShip(images, ship, "Test");  // a second load replaces the first without leaking it
+  for (SDL_Surface* image : images) {
+    ASSERT_NE(image, nullptr);
+    EXPECT_TRUE((image->flags & SDL_SRCCOLORKEY) && image->format->colorkey == 0);
   }
-  for (int i = 0; i < shipImageCount; ++i) {
-    ASSERT_NE(images[i], nullptr) << i;
-    EXPECT_TRUE(images[i]->flags & SDL_SRCCOLORKEY) << i;
-    EXPECT_EQ(images[i]->format->colorkey, 0u) << i;
-  }
-  // Entry 0 is the picture itself.
-  ASSERT_EQ(images[0]->w, 20);
-  ASSERT_EQ(images[0]->h, 30);
-  for (int y = 0; y < 30; ++y) {
-    for (int x = 0; x < 20; ++x) ASSERT_EQ(pixelRGB(images[0], x, y), pixelRGB(source, x, y)) << x << "," << y;
-  }
-  // Entry 18 is turned by 90 degrees counter-clockwise: the nose points left.
-  EXPECT_NEAR(images[18]->w, 30, 2);
-  EXPECT_NEAR(images[18]->h, 20, 2);
-  double cx = 0, cy = 0;
-  ASSERT_TRUE(redCentre(images[18], cx, cy));
-  EXPECT_LT(cx, images[18]->w / 4.0);
-  EXPECT_NEAR(cy, images[18]->h / 2.0, 2.0);
-  // Entry 36 points down.
-  ASSERT_TRUE(redCentre(images[36], cx, cy));
-  EXPECT_GT(cy, images[36]->h * 0.75);
-  // Entry 72 is the unturned rover.
-  EXPECT_EQ(images[72]->w, 10);
-  EXPECT_EQ(images[72]->h, 12);
+  // Entry 0 is the picture itself; 18 is turned a quarter counter-clockwise, 36 half; 72 the rover.
+  ASSERT_TRUE(images[0]->w == 20 && images[0]->h == 30 && images[72]->w == 10 && images[72]->h == 12);
+  for (int i = 0; i < 600; ++i) ASSERT_EQ(pixelRGB(images[0], i % 20, i / 20), pixelRGB(source.get(), i % 20, i / 20));
   EXPECT_EQ(pixelRGB(images[72], 5, 6), 0x00C800u);
-  EXPECT_NE(images[72 + 18]->w, 0);
+  EXPECT_TRUE(std::abs(images[18]->w - 30) <= 2 && std::abs(images[18]->h - 20) <= 2);
+  EXPECT_EQ(pixelRGB(images[18], 2, images[18]->h / 2), 0xFF0000u);                  // the nose points left
+  EXPECT_EQ(pixelRGB(images[36], images[36]->w / 2, images[36]->h - 3), 0xFF0000u);  // and down
+  for (SDL_Surface*& image : images) SDL_FreeSurface(image);
+}
 
-  freeImages(images);
-  SDL_FreeSurface(source);
-  SDL_FreeSurface(rover);
+TEST_F(ShipFileTest, PartsAreReadPastCommentsForEachHardpointInUseAndShortFilesKeepTheRest) {
+  dir.write("Engines/Fast.txt", "# an engine\n# for the tests\n12\nGoes like the wind.\nignored\n");
+  dir.write("Shields/Thick.txt", "7\n# comment between\nStops most things.\n");
+  dir.write("PowerPlants/Hot.txt", "-3\nRuns backwards.\n");
+  dir.write("Engines/Stub.txt", "# only a class\n9\n");
+  dir.write("Engines/Blank.txt", "");
+  dir.write("PowerPlants/Odd.txt", "lots\nWho knows.\n");
+  ship.shield.shieldMax = 999;  // not in the shield file
+  EXPECT_EQ(fit(ship, "Fast", "Thick", "Hot"), "12 Goes like the wind.|7 Stops most things.|-3 Runs backwards.");
+  EXPECT_EQ(ship.shield.shieldMax, 999);
+  // A class that is no number reads as atoi reads it.
+  EXPECT_EQ(fit(ship, "Stub", "Nowhere", "Odd"), "9 Goes like the wind.|7 Stops most things.|0 Who knows.");
+  EXPECT_TRUE(log.saw("Couldn't open .\\Shields\\Nowhere.txt"));
+  EXPECT_EQ(fit(ship, "Blank", "Nowhere", "Hot"), "9 Goes like the wind.|7 Stops most things.|-3 Runs backwards.");
+  dir.write("Weapons/Laser.txt", "# type, output, description\nPulse Laser\n35\nZaps.\n");
+  dir.write("Weapons/Gun.txt", "Mass Driver\n# between\n55\nThumps.\nmore\n");
+  dir.write("Weapons/Long.txt", std::string(300, 'w') + "\n1\nx\n");
+  const char* names[] = {"Laser", "", "Gun", "Long", "Laser"};
+  for (int i = 0; i < 5; ++i) std::strcpy(ship.hardPoints[i].weaponName, names[i]);
+  loadWeapons(ship);  // no hardpoints, no weapon files
+  EXPECT_FALSE(log.saw("Weapons"));
+  ship.hardPointCount = 4;  // the last Laser is beyond the count
+  loadWeapons(ship);
+  std::string weapons;
+  for (const HardPoint& h : ship.hardPoints) {
+    weapons += std::string(h.weapon.weaponType, 0, 12) + " " + std::to_string(h.weapon.energyOutput) + " " +
+               h.weapon.description + "|";
+  }
+  EXPECT_EQ(weapons, "Pulse Laser 35 Zaps.| 0 |Mass Driver 55 Thumps.|wwwwwwwwwwww 1 x| 0 | 0 | 0 | 0 | 0 | 0 |");
+  EXPECT_EQ(std::strlen(ship.hardPoints[3].weapon.weaponType), 99u);
+  EXPECT_TRUE(log.saw("Hardpoint 2 has no weapon") && log.saw("weapon type cut"));
+}
+
+TEST_F(ShipFileTest, ShieldsChargeUpToTheMaximumAndDrainToZeroWithoutOverflow) {
+  // Shields online, plant class, maximum, frames, and the charge after them. A charge above a lowered maximum
+  // is cut back at once; huge plant classes do not overflow, and a negative drain charges without a maximum.
+  const int steps[][5] = {{1, 10, 999, 1, 10},          {1, 10, 999, 98, 990},     {1, 10, 999, 2, 999},
+                          {0, 10, 999, 1, 989},         {0, 10, 999, 200, 0},      {1, 10, 999, 50, 500},
+                          {1, 10, 100, 1, 100},         {1, INT_MAX, 999, 1, 999}, {0, INT_MAX, 999, 1, 0},
+                          {0, INT_MIN, 999, 1, INT_MAX}};
+  for (const auto& s : steps) {
+    ship.shieldsOnline = s[0], ship.powerPlant.powerPlantClass = s[1], ship.shield.shieldMax = s[2];
+    for (int i = 0; i < s[3]; ++i) chargeShields(ship);
+    EXPECT_EQ(ship.shield.shieldCurrent, s[4]) << &s - steps;
+  }
+}
+
+// The pictures drawn at build time for the game's own ship.
+TEST(ShipImagesGame, BlueprintPartsSitUnderTheirMarkersAndSpritesAndArrowsLookRight) {
+  ensureScreen();
+  Ship ship;
+  ASSERT_TRUE(readShipFile(ship, "Ships/Prospector.txt") && !ship.engineMarkers.empty() &&
+              !ship.hardPoints[0].markers.empty());
+  SurfacePtr b(SDL_LoadBMP(("Ships/" + std::string(ship.shipClass) + "_large.bmp").c_str()));
+  ASSERT_TRUE(b && b->w <= 530 && b->h <= 530);
+  // On the dark blue paper every part is bright on its marker, a turret's twin barrels a little ahead of it.
+  auto bright = [&](int x, int y) {
+    return x >= 0 && y >= 0 && x < b->w && y < b->h ? channels(b.get(), x, y).second : 0;
+  };
+  for (const MarkerList* list : {&ship.engineMarkers, &ship.shieldMarkers, &ship.powerPlantMarkers}) {
+    for (const MarkerPoint& m : *list) EXPECT_GE(bright(m.x, m.y), 150u) << m.x << "," << m.y;
+  }
+  for (int i = 0; i < ship.hardPointCount; ++i) {
+    for (const MarkerPoint& m : ship.hardPoints[i].markers) EXPECT_GE(bright(m.x - 2, m.y - 12), 200u) << i;
+  }
+  EXPECT_LT(bright(30, 480), 150u);  // away from the ship, the paper
+  // Sprites are drawn on black, which the colour key makes transparent.
+  for (auto [path, minSize, maxSize] : {std::tuple{"Ships/Prospector.bmp", 30, 48}, {"Ships/Rover.bmp", 12, 20}}) {
+    SurfacePtr image(SDL_LoadBMP(path));
+    ASSERT_TRUE(image && image->w == image->h && image->w >= minSize && image->w <= maxSize) << path;
+    EXPECT_TRUE(pixelRGB(image.get(), 0, 0) == 0 && pixelRGB(image.get(), image->w / 2, image->h / 2) != 0) << path;
+  }
+  // An arrow head is a button's one pale colour; its wide base is at the bottom of Up, the top of Down.
+  auto pale = [](const SurfacePtr& s, int y) {
+    int n = 0;
+    for (int x = 2; x < 12; ++x) n += channels(s.get(), x, y).first >= 130;
+    return n;
+  };
+  for (std::string look : {"norm", "highlight", "select"}) {
+    SurfacePtr up(SDL_LoadBMP(("Buttons/Up_" + look + ".bmp").c_str()));
+    SurfacePtr down(SDL_LoadBMP(("Buttons/Down_" + look + ".bmp").c_str()));
+    ASSERT_TRUE(up && down && up->w == 14 && up->h == 14 && down->w == 14 && down->h == 14) << look;
+    EXPECT_NE(pixelRGB(up.get(), 0, 0), 0u) << look << ": the border shows";
+    EXPECT_TRUE(pale(up, 9) > pale(up, 4) && pale(down, 4) > pale(down, 9)) << look;
+  }
 }
