@@ -3,53 +3,39 @@
 #include <SDL.h>
 #include <gtest/gtest.h>
 
-#include "support/test_support.h"
+#include <string>
 
-using Kind = ScriptCommand::Kind;
+namespace {
 
-TEST(InputScript, ReadsEveryCommandAndSortsByFrame) {
-  std::vector<ScriptCommand> cmds;
-  std::string error;
-  const char* text =
-      "# a flight\n"
-      "\n"
-      "at 5 key down up\n"
-      "at 2 mouse move 600 290\n"
-      "at 3 mouse down\n"
-      "  at 3 mouse up   \n"
-      "at 7 key up 273\n"
-      "at 8 key down d ctrl shift\n"
-      "at 8 key down z rctrl\n"
-      "at 9 screenshot shot.bmp\n"
-      "at 9 state\n"
-      "at 10 quit";
-  ASSERT_TRUE(parseScript(text, "flight.txt", cmds, error)) << error;
-  ASSERT_EQ(cmds.size(), 10u);
-  EXPECT_EQ(cmds[0].kind, Kind::MouseMove);
-  EXPECT_EQ(cmds[0].frame, 2);
-  EXPECT_EQ(cmds[0].x, 600);
-  EXPECT_EQ(cmds[0].y, 290);
-  EXPECT_EQ(cmds[1].kind, Kind::MouseDown);
-  EXPECT_EQ(cmds[2].kind, Kind::MouseUp);
-  EXPECT_EQ(cmds[3].kind, Kind::KeyDown);
-  EXPECT_EQ(cmds[3].key, SDLK_UP);
-  EXPECT_EQ(cmds[3].line, 3);
-  EXPECT_EQ(cmds[4].kind, Kind::KeyUp);
-  EXPECT_EQ(cmds[4].key, 273);
-  EXPECT_EQ(cmds[5].key, SDLK_d);
-  EXPECT_EQ(cmds[5].modifiers, KMOD_LCTRL | KMOD_LSHIFT);
-  EXPECT_EQ(cmds[6].modifiers, KMOD_RCTRL);
-  EXPECT_EQ(cmds[7].kind, Kind::Screenshot);
-  EXPECT_EQ(cmds[7].file, "shot.bmp");
-  EXPECT_EQ(cmds[8].kind, Kind::State);
-  EXPECT_EQ(cmds[9].kind, Kind::Quit);
+// The commands of a script as "frame what [key+modifiers | x,y | file]|...".
+std::string parsed(const char* script) {
+  std::vector<ScriptCommand> commands;
+  std::string error, out;
+  if (!parseScript(script, "s.txt", commands, error)) return error;
+  const char* kinds[] = {"keydown", "keyup", "move", "press", "release", "quit", "shot", "state"};
+  for (const ScriptCommand& c : commands) {
+    const int kind = static_cast<int>(c.kind);
+    out += std::to_string(c.frame) + " " + kinds[kind];
+    if (kind <= 1) out += " " + std::to_string(c.key) + "+" + std::to_string(c.modifiers);
+    if (kind == 2) out += " " + std::to_string(c.x) + "," + std::to_string(c.y);
+    out += (c.file.empty() ? "" : " " + c.file) + "|";
+  }
+  return out;
 }
 
-TEST(InputScript, NamesTheLineAndWhatWasExpected) {
-  const struct {
-    const char* text;
-    const char* error;
-  } cases[] = {
+}  // namespace
+
+TEST(InputScript, ReadsEveryCommandSortedByFrame) {
+  // 273 is the up arrow, 100 'd' and 122 'z'; 65 is left Ctrl and Shift, 128 right Ctrl.
+  EXPECT_EQ(parsed("# a flight\n\nat 5 key down up\nat 2 mouse move 600 290\nat 3 mouse down\n  at 3 mouse up   \n"
+                   "at 7 key up 273\nat 8 key down d ctrl shift\nat 8 key down z rctrl\nat 9 screenshot shot.bmp\n"
+                   "at 9 state\nat 10 quit"),
+            "2 move 600,290|3 press|3 release|5 keydown 273+0|7 keyup 273+0|8 keydown 100+65|8 keydown 122+128|"
+            "9 shot shot.bmp|9 state|10 quit|");
+}
+
+TEST(InputScript, ErrorsNameTheLineAndWhatWasExpected) {
+  const char* cases[][2] = {
       {"at 1 state\nfly away\n", "s.txt:2: expected 'at FRAME COMMAND'"},
       {"at x state\n", "s.txt:1: expected a frame number"},
       {"at -3 state\n", "s.txt:1: expected a frame number"},
@@ -61,26 +47,15 @@ TEST(InputScript, NamesTheLineAndWhatWasExpected) {
       {"at 1 screenshot\n", "s.txt:1: expected one of"},
       {"at 1 state now\n", "s.txt:1: expected one of"},
   };
-  for (const auto& c : cases) {
-    std::vector<ScriptCommand> cmds;
-    std::string error;
-    EXPECT_FALSE(parseScript(c.text, "s.txt", cmds, error)) << c.text;
-    EXPECT_EQ(error.rfind(c.error, 0), 0u) << error;
-  }
+  for (const auto& c : cases) EXPECT_EQ(parsed(c[0]).rfind(c[1], 0), 0u) << parsed(c[0]);
+  std::vector<ScriptCommand> commands;
+  std::string error;
+  EXPECT_FALSE(loadScript("/nonexistent/script.txt", commands, error));
+  EXPECT_NE(error.find("cannot open"), std::string::npos) << error;
 }
 
 TEST(InputScript, KeyNamesAndNumbers) {
-  EXPECT_EQ(keyFromName("escape"), SDLK_ESCAPE);
-  EXPECT_EQ(keyFromName("LEFT"), SDLK_LEFT);
-  EXPECT_EQ(keyFromName("left_ctrl"), SDLK_LCTRL);
-  EXPECT_EQ(keyFromName("100"), SDLK_d);
-  EXPECT_EQ(keyFromName("99999"), -1);
-  EXPECT_EQ(keyFromName(""), -1);
-}
-
-TEST(InputScript, MissingFileIsAnError) {
-  std::vector<ScriptCommand> cmds;
-  std::string error;
-  EXPECT_FALSE(loadScript("/nonexistent/script.txt", cmds, error));
-  EXPECT_NE(error.find("cannot open"), std::string::npos);
+  const std::pair<const char*, int> keys[] = {{"escape", SDLK_ESCAPE}, {"LEFT", SDLK_LEFT}, {"left_ctrl", SDLK_LCTRL},
+                                              {"100", SDLK_d},         {"99999", -1},       {"", -1}};
+  for (auto [name, key] : keys) EXPECT_EQ(keyFromName(name), key) << name;
 }
