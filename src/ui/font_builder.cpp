@@ -123,8 +123,8 @@ SDL_Surface* buildFontSheet(const char* path, int style, int size, Uint8 r, Uint
 
 FontTable* buildFonts() {
   for (int i = 0; i < fontCount; ++i) {
-    const FontSpec& spec = fontSpecs[i];
-    SDL_Surface* sheet = buildFontSheet(gameFontPath, spec.style, spec.size, spec.r, spec.g, spec.b);
+    const FontSpec& look = fontSpecs[i];
+    SDL_Surface* sheet = buildFontSheet(gameFontPath, look.style, look.size, look.r, look.g, look.b);
     BitmapFont* font = fontFromSurface(sheet);
     fontTable.fonts[i] = font;
     fontTable.heights[i] = font ? fontHeight(font) : 0;
