@@ -90,7 +90,7 @@ Shape mirrored(const Shape& shape, double axis) {
 
 Shape rect(double x1, double y1, double x2, double y2) { return {{x1, x2, x2, x1}, {y1, y1, y2, y2}}; }
 
-// The hull of the Prospector class, nose up, centred on x = 260.
+// The hull of the Surveyor class, nose up, centred on x = 260.
 constexpr double centreX = 260.0;
 const Shape forwardHull{{260, 282, 300, 306, 214, 220, 238}, {28, 60, 110, 172, 172, 110, 60}};
 const Shape spine = rect(222, 170, 298, 432);

@@ -199,7 +199,7 @@ TEST_F(ShipFileTest, ShieldsChargeUpToTheMaximumAndDrainToZeroWithoutOverflow) {
 TEST(ShipImagesGame, BlueprintPartsSitUnderTheirMarkersAndSpritesAndArrowsLookRight) {
   ensureScreen();
   Ship ship;
-  ASSERT_TRUE(readShipFile(ship, "Ships/Prospector.txt") && !ship.engineMarkers.empty() &&
+  ASSERT_TRUE(readShipFile(ship, "Ships/Surveyor.txt") && !ship.engineMarkers.empty() &&
               !ship.hardPoints[0].markers.empty());
   SurfacePtr b(SDL_LoadBMP(("Ships/" + std::string(ship.shipClass) + "_large.bmp").c_str()));
   ASSERT_TRUE(b && b->w <= 530 && b->h <= 530);
@@ -215,7 +215,7 @@ TEST(ShipImagesGame, BlueprintPartsSitUnderTheirMarkersAndSpritesAndArrowsLookRi
   }
   EXPECT_LT(bright(30, 480), 150u);  // away from the ship, the paper
   // Sprites are drawn on black, which the colour key makes transparent.
-  for (auto [path, minSize, maxSize] : {std::tuple{"Ships/Prospector.bmp", 30, 48}, {"Ships/Rover.bmp", 12, 20}}) {
+  for (auto [path, minSize, maxSize] : {std::tuple{"Ships/Surveyor.bmp", 30, 48}, {"Ships/Rover.bmp", 12, 20}}) {
     SurfacePtr image(SDL_LoadBMP(path));
     ASSERT_TRUE(image && image->w == image->h && image->w >= minSize && image->w <= maxSize) << path;
     EXPECT_TRUE(pixelRGB(image.get(), 0, 0) == 0 && pixelRGB(image.get(), image->w / 2, image->h / 2) != 0) << path;
