@@ -64,22 +64,28 @@ struct Placement {
   double dx = 0.0, dy = 0.0;
 };
 
-void fillShape(SDL_Surface* s, const Shape& shape, const Placement& p, Rgb c, Uint8 a = 255) {
+struct ScreenPolygon {
   std::vector<Sint16> xs, ys;
+  int count() const { return static_cast<int>(xs.size()); }
+};
+
+ScreenPolygon placed(const Shape& shape, const Placement& p) {
+  ScreenPolygon out;
   for (std::size_t i = 0; i < shape.x.size(); ++i) {
-    xs.push_back(static_cast<Sint16>(std::lround(shape.x[i] * p.scale + p.dx)));
-    ys.push_back(static_cast<Sint16>(std::lround(shape.y[i] * p.scale + p.dy)));
+    out.xs.push_back(static_cast<Sint16>(std::lround(shape.x[i] * p.scale + p.dx)));
+    out.ys.push_back(static_cast<Sint16>(std::lround(shape.y[i] * p.scale + p.dy)));
   }
-  filledPolygonRGBA(s, xs.data(), ys.data(), static_cast<int>(xs.size()), c.r, c.g, c.b, a);
+  return out;
+}
+
+void fillShape(SDL_Surface* s, const Shape& shape, const Placement& p, Rgb c, Uint8 a = 255) {
+  const ScreenPolygon poly = placed(shape, p);
+  filledPolygonRGBA(s, poly.xs.data(), poly.ys.data(), poly.count(), c.r, c.g, c.b, a);
 }
 
 void outlineShape(SDL_Surface* s, const Shape& shape, const Placement& p, Rgb c, Uint8 a = 255) {
-  std::vector<Sint16> xs, ys;
-  for (std::size_t i = 0; i < shape.x.size(); ++i) {
-    xs.push_back(static_cast<Sint16>(std::lround(shape.x[i] * p.scale + p.dx)));
-    ys.push_back(static_cast<Sint16>(std::lround(shape.y[i] * p.scale + p.dy)));
-  }
-  polygonRGBA(s, xs.data(), ys.data(), static_cast<int>(xs.size()), c.r, c.g, c.b, a);
+  const ScreenPolygon poly = placed(shape, p);
+  polygonRGBA(s, poly.xs.data(), poly.ys.data(), poly.count(), c.r, c.g, c.b, a);
 }
 
 Shape mirrored(const Shape& shape, double axis) {
