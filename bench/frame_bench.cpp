@@ -8,9 +8,15 @@
 #include <memory>
 #include <vector>
 
+#include "base/game_state.h"
+#include "base/screen.h"
 #include "platform/options.h"
-#include "shell/game_state.h"
+#include "platform/surface_ptr.h"
 #include "shell/main_loop.h"
+#include "shell/mode_frames.h"
+#include "shell/orbit.h"
+#include "shell/screen_layout.h"
+#include "shell/state_dump.h"
 #include "ship/ship.h"
 #include "universe/star_map.h"
 #include "universe/viewing_tree.h"
@@ -73,17 +79,13 @@ void BM_ChartFrame(benchmark::State& state) {
 }
 BENCHMARK(BM_ChartFrame)->Unit(benchmark::kMicrosecond)->Repetitions(5)->ReportAggregatesOnly(true);
 
-struct SurfaceDeleter {
-  void operator()(SDL_Surface* s) const { SDL_FreeSurface(s); }
-};
-
 // A system with all ten lanes taken; every planet gets full-size images of its own.
 // All stand below the star, ten cells apart, so the ship between the two inner ones
 // has both on the viewscreen.
 struct TenPlanetSystem {
   StellarObject object;
   Planet planets[maxPlanets];
-  std::vector<std::unique_ptr<SDL_Surface, SurfaceDeleter>> images;
+  std::vector<SurfacePtr> images;
 
   TenPlanetSystem() {
     object.x = object.y = 250;

@@ -21,7 +21,7 @@
 #include <string>
 #include <vector>
 
-#include "shell/debug_log.h"
+#include "base/debug_log.h"
 #include "ship/ship.h"
 
 namespace fs = std::filesystem;

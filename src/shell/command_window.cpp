@@ -2,10 +2,11 @@
 
 #include <memory>
 
-#include "shell/debug_log.h"
-#include "shell/game_state.h"
-#include "shell/main_loop.h"
-#include "shell/message_window.h"
+#include "base/debug_log.h"
+#include "base/game_state.h"
+#include "base/message_window.h"
+#include "base/screen.h"
+#include "shell/screen_layout.h"
 #include "ship/cargo.h"
 #include "ship/ship.h"
 #include "surface/rover.h"

@@ -1,17 +1,7 @@
 #pragma once
 
-struct StellarObject;
-
-// Releases a system's planet images when the ship leaves it: releasePlanetImages,
-// unless a test counts the calls instead.
-extern void (*releaseSystemImages)(StellarObject* object);
-
-void runSpaceFrame();
-void runSystemFrame();
-// The speed and heading controls (frame loop step 8, with maneuverOn).
+// The speed and heading controls (run by the frame loop while maneuverOn is set and no history window is shown).
 void applyFlightControls();
-// Puts the ship two cells past the planet it orbits on both axes.
-void leaveOrbit();
 
 // The system cell the ship enters at for a heading (0..355).
 void systemEntryCell(int heading, int& ex, int& ey);

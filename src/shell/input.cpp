@@ -2,12 +2,13 @@
 
 #include <cstdlib>
 
+#include "base/debug_log.h"
+#include "base/game_state.h"
+#include "base/message_window.h"
+#include "base/screen.h"
 #include "displays/ship_config.h"
 #include "shell/command_window.h"
-#include "shell/debug_log.h"
-#include "shell/game_state.h"
-#include "shell/main_loop.h"
-#include "shell/message_window.h"
+#include "shell/screen_layout.h"
 #include "ship/cargo.h"
 #include "ship/ship.h"
 #include "surface/surface_map.h"

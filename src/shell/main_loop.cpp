@@ -1,44 +1,39 @@
 #include "shell/main_loop.h"
 
 #include <SDL_framerate.h>
-#include <SDL_gfxPrimitives.h>
 #include <unistd.h>
 
 #include <cerrno>
-#include <cmath>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <string>
 #include <vector>
 
+#include "base/debug_log.h"
+#include "base/game_state.h"
+#include "base/message_window.h"
+#include "base/screen.h"
 #include "displays/ship_config.h"
 #include "displays/status_window.h"
 #include "platform/input_script.h"
 #include "platform/options.h"
 #include "platform/random.h"
 #include "shell/command_window.h"
-#include "shell/debug_log.h"
 #include "shell/flight.h"
-#include "shell/game_state.h"
 #include "shell/input.h"
-#include "shell/message_window.h"
+#include "shell/mode_frames.h"
 #include "shell/saved_game.h"
+#include "shell/screen_layout.h"
+#include "shell/state_dump.h"
+#include "ship/cargo.h"
 #include "ship/components.h"
 #include "ship/ship.h"
-#include "surface/surface_map.h"
-#include "ui/bitmap_font.h"
 #include "ui/font_builder.h"
-#include "ui/frames.h"
 #include "universe/navigation.h"
-#include "universe/orbit_view.h"
 #include "universe/star_map.h"
 #include "universe/viewing_tree.h"
 #include "universe/viewscreen.h"
-
-SDL_Surface* screen = nullptr;
-double sinTable[360];
-double cosTable[360];
 
 namespace {
 
@@ -63,17 +58,6 @@ void present() {
   } else {
     SDL_UpdateRect(screen, 0, 0, 0, 0);
   }
-}
-
-void drawSpaceViewscreen() {
-  drawViewscreen(screen, static_cast<int>(gameState.velX), static_cast<int>(gameState.velY), gameState.heading / 5,
-                 gameState.posX - 300, gameState.posY - 300, starMap, 0, 0, nullptr, 0, sinTable, cosTable);
-}
-
-void drawSystemViewscreen() {
-  drawViewscreen(screen, static_cast<int>(gameState.velX), static_cast<int>(gameState.velY), gameState.heading / 5,
-                 gameState.posX - 300, gameState.posY - 300, starMap, gameState.sysX, gameState.sysY,
-                 gameState.currentObject, 1, sinTable, cosTable);
 }
 
 void pushScriptedInput(const ScriptCommand& cmd) {
@@ -161,94 +145,6 @@ void checkSavedGame() {
 }
 
 }  // namespace
-
-void fillTrigTables() {
-  for (int i = 0; i < 360; ++i) {
-    const float fraction = static_cast<float>(i) / 180.0f;
-    const double angle = fraction * 3.14;
-    sinTable[i] = std::sin(angle);
-    cosTable[i] = std::cos(angle);
-  }
-  // No entry may be exactly 1.
-  cosTable[0] = 0.999999999;
-}
-
-void drawScreenLayout(SDL_Surface* surface) {
-  boxRGBA(surface, 0, 0, 800, 600, 0, 0, 0, 255);
-  drawFadingFrame(surface, 0, 0, 510, 510, 164, 164, 255, 5);
-  drawFadingFrame(surface, 0, 510, 799, 599, 164, 164, 255, 5);
-  drawFadingFrame(surface, 510, 0, 799, 255, 164, 164, 255, 5);
-  drawFadingFrame(surface, 510, 255, 799, 510, 164, 164, 255, 5);
-}
-
-void refreshLayout() {
-  if (gameState.fullScreen == 1) {
-    drawScreenLayout(screen);
-    SDL_Flip(screen);
-    drawScreenLayout(screen);
-    SDL_Flip(screen);
-  } else {
-    drawScreenLayout(screen);
-    if (gameState.mode == Orbit) {
-      if (Planet* planet = currentPlanetRecord()) drawSurfaceMap(screen, planet);
-    }
-  }
-}
-
-void redrawAll() {
-  drawScreenLayout(screen);
-  drawCommandWindow(screen);
-  drawMessageWindow();
-  switch (gameState.mode) {
-    case Space:
-      drawSpaceViewscreen();
-      drawStatusWindow(screen);
-      break;
-    case System:
-      drawSystemViewscreen();
-      drawOrbitView(screen, gameState.currentObject, sinTable, cosTable, gameState.sysX / 50, gameState.sysY / 50);
-      break;
-    case Orbit:
-    case Surface:
-      if (Planet* planet = currentPlanetRecord()) {
-        drawSurfaceLegend(screen, planet);
-        drawSurfaceMap(screen, planet);
-      }
-      drawPlanetLabels(screen);
-      break;
-    default:
-      break;
-  }
-}
-
-int drawOverlayWindow() {
-  if (gameState.cargoOpen) {
-    drawCargoWindow();
-    return 1;
-  }
-  if (gameState.navigationOpen) {
-    drawNavigationWindow(screen, starMap, gameState.sectorX, gameState.sectorY,
-                         playerShip.engine.engineClass * speedStep);
-    gameState.navigationWasShown = 1;
-    return 1;
-  }
-  if (gameState.configOpen) {
-    drawShipConfig(screen);
-    gameState.configWasShown = 1;
-    return 1;
-  }
-  return 0;
-}
-
-void drawFrameRate() {
-  const unsigned int elapsed = SDL_GetTicks() - gameState.frameRateStart;
-  if (elapsed > 1000) {
-    boxRGBA(screen, 755, 580, 796, 595, 0, 0, 0, 255);
-    printString(screen, 755, 580, "%.2f", gameState.framesCounted / (elapsed / 1000.0));
-    gameState.frameRateStart = SDL_GetTicks();
-    gameState.framesCounted = 0;
-  }
-}
 
 void setFrameDelay(bool enabled) { frameDelay = enabled; }
 

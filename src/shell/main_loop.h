@@ -1,22 +1,14 @@
 #pragma once
-#include <SDL.h>
 
 struct Options;
 
-extern SDL_Surface* screen;
-extern double sinTable[360];
-extern double cosTable[360];
-
-void fillTrigTables();
-void drawScreenLayout(SDL_Surface* surface);
-void refreshLayout();
-void redrawAll();
-int drawOverlayWindow();
-void drawFrameRate();
-
-// Start-up, steps 1 to 26. Ends the process with status 1 when video fails.
+// Opens the window, builds the fonts, sets up every window in its fixed order,
+// loads the star map and the saved game and re-enters the saved mode. Ends the
+// process with status 1 when video fails or the font or saved game is missing.
 void startUp(const Options& options);
-// One pass of the frame loop.
+// One pass of the frame loop: at most one input event, the ship's velocity,
+// the current mode's frame, the history windows or flight controls, the
+// screen presented and, unless throttling is off, the wait for the next frame.
 void runFrame();
 // Whether runFrame waits for the frame-rate manager (off with --unthrottled and in benchmarks).
 void setFrameDelay(bool enabled);

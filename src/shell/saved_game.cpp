@@ -3,14 +3,15 @@
 #include <algorithm>
 #include <string>
 
+#include "base/debug_log.h"
+#include "base/game_state.h"
+#include "base/message_window.h"
+#include "base/screen.h"
 #include "displays/status_window.h"
 #include "platform/data_file.h"
 #include "platform/data_path.h"
 #include "platform/text.h"
-#include "shell/debug_log.h"
-#include "shell/game_state.h"
-#include "shell/main_loop.h"
-#include "shell/message_window.h"
+#include "shell/orbit.h"
 #include "ship/ship.h"
 #include "surface/globe.h"
 #include "surface/surface_map.h"
@@ -155,13 +156,7 @@ void restoreOrbit() {
     gameState.mode = Space;
     return;
   }
-  prepareGameWindow(screen, planet);
-  generateMineralDeposits(gameState.deposits, planet);
-  setScanProgress(0);
-  drawSurfaceMap(screen, planet);
-  drawSurfaceLegend(screen, planet);
-  drawPlanetLabels(screen);
-  resetAnalysisLines();
+  establishOrbit(object, gameState.currentPlanet, planet);
 }
 
 }  // namespace

@@ -4,10 +4,10 @@
 #include <functional>
 #include <string>
 
+#include "base/debug_log.h"
 #include "platform/data_file.h"
 #include "platform/data_path.h"
 #include "platform/text.h"
-#include "shell/debug_log.h"
 #include "ship/ship.h"
 
 namespace {

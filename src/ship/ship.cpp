@@ -6,10 +6,10 @@
 #include <algorithm>
 #include <cstdio>
 
+#include "base/debug_log.h"
 #include "platform/data_file.h"
 #include "platform/data_path.h"
 #include "platform/text.h"
-#include "shell/debug_log.h"
 
 Ship playerShip;
 SDL_Surface* shipImages[shipImageCount] = {};

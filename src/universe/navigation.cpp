@@ -7,7 +7,8 @@
 #include <cstring>
 #include <memory>
 
-#include "shell/game_state.h"
+#include "base/game_state.h"
+#include "platform/surface_ptr.h"
 #include "ui/bitmap_font.h"
 #include "ui/buttons.h"
 #include "ui/font_builder.h"
@@ -89,11 +90,6 @@ const ChartColor* chartColor(const char* Class) {
 void useFont(int entry) {
   if (navigationFonts && navigationFonts->fonts[entry]) setCurrentFont(navigationFonts->fonts[entry]);
 }
-
-struct SurfaceDeleter {
-  void operator()(SDL_Surface* s) const { SDL_FreeSurface(s); }
-};
-using SurfacePtr = std::unique_ptr<SDL_Surface, SurfaceDeleter>;
 
 SurfacePtr makeWindowSurface(SDL_Surface* like) {
   const SDL_PixelFormat* f = like ? like->format : nullptr;

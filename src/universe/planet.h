@@ -4,6 +4,8 @@
 #include <cstdint>
 #include <vector>
 
+#include "base/mineral_deposit.h"
+
 constexpr int mineralCount = 22;
 
 struct Planet {
@@ -29,14 +31,6 @@ struct Mineral {
   Uint8 r, g, b;
 };
 extern const Mineral minerals[mineralCount];
-
-struct MineralDeposit {
-  int x = 0;
-  int y = 0;
-  std::uint8_t kind = 0;
-  float amount = 0.0f;
-};
-using MineralDepositList = std::vector<MineralDeposit>;
 
 const char* mineralName(std::uint8_t number);
 int mineralNumber(const char* name);

@@ -11,11 +11,12 @@
 #include <string_view>
 #include <vector>
 
+#include "base/debug_log.h"
+#include "base/game_state.h"
+#include "base/message_window.h"
 #include "platform/data_file.h"
 #include "platform/data_path.h"
 #include "platform/text.h"
-#include "shell/debug_log.h"
-#include "shell/message_window.h"
 #include "universe/viewing_tree.h"
 
 StarMap starMap;
@@ -540,4 +541,10 @@ std::uint32_t planetColor(std::uint8_t shade, const char* name) {
     }
   }
   return 0xFF000000u + shade * 65536u + shade * 256u + shade;
+}
+
+Planet* currentPlanetRecord() {
+  StellarObject* object = gameState.currentObject;
+  if (!object || gameState.currentPlanet < 0 || gameState.currentPlanet >= maxPlanets) return nullptr;
+  return object->Planets[gameState.currentPlanet];
 }

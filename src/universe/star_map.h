@@ -57,3 +57,7 @@ void clearStarMap(StarMap& map);
 SDL_Surface* starImage(const char* classText);
 SDL_Surface* smallStarImage(const char* classText);
 std::uint32_t planetColor(std::uint8_t shade, const char* name);
+
+// The planet the ship orbits or stands on: slot currentPlanet of currentObject,
+// or null when there is no object or the slot is empty or out of range.
+Planet* currentPlanetRecord();

@@ -1,7 +1,7 @@
 #include "universe/starfield.h"
 
+#include "base/debug_log.h"
 #include "platform/random.h"
-#include "shell/debug_log.h"
 #include "universe/navigation.h"
 
 BackgroundStar* starlist = nullptr;

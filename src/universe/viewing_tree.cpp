@@ -4,7 +4,7 @@
 #include <unordered_map>
 #include <vector>
 
-#include "shell/debug_log.h"
+#include "base/debug_log.h"
 
 namespace {
 

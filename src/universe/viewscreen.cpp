@@ -4,11 +4,8 @@
 
 #include <memory>
 
-#include "shell/debug_log.h"
-#include "ship/ship.h"
-#include "surface/globe.h"
-#include "surface/surface_map.h"
-#include "surface/terrain.h"
+#include "base/debug_log.h"
+#include "platform/surface_ptr.h"
 #include "ui/bitmap_font.h"
 #include "ui/font_builder.h"
 #include "universe/starfield.h"
@@ -27,14 +24,11 @@ constexpr int cellSize = 50;
 // The last position offset that still lies on the map: cell 499, fraction 49.
 constexpr int lastOffset = starMapSize * cellSize - 1;
 
-SDL_Surface** viewShipImages = shipImages;
+// The ship image for each of the 72 headings, 5 degrees apart; set by initGameWindow.
+constexpr int headingImages = 72;
+SDL_Surface** viewShipImages = nullptr;
 FontTable* viewFonts = nullptr;
 Ship* viewShip = nullptr;
-
-struct SurfaceDeleter {
-  void operator()(SDL_Surface* s) const { SDL_FreeSurface(s); }
-};
-using SurfacePtr = std::unique_ptr<SDL_Surface, SurfaceDeleter>;
 
 SDL_Surface* makeSurface(int w, int h, SDL_Surface* like) {
   const SDL_PixelFormat* f = like ? like->format : nullptr;
@@ -52,7 +46,7 @@ void blitOnPane(SDL_Surface* image, SDL_Surface* pane, long x, long y) {
 }
 
 void drawShip(SDL_Surface* pane, int shipImageIndex) {
-  if (shipImageIndex < 0 || shipImageIndex >= roverImageBase || !viewShipImages) return;
+  if (shipImageIndex < 0 || shipImageIndex >= headingImages || !viewShipImages) return;
   blitOnPane(viewShipImages[shipImageIndex], pane, 225, 225);
 }
 
@@ -118,22 +112,6 @@ void initGameWindow(SDL_Surface** images, FontTable* fonts, Ship* ship) {
   if (!surfaceWorkSurface) logMessagef("Couldn't create the surface map's work surface: %s", SDL_GetError());
   surfaceSourceRect = SDL_Rect{10, 10, 280, 190};
   surfaceDestPoint = SDL_Rect{10, 310, 0, 0};
-}
-
-void prepareGameWindow(SDL_Surface* screen, Planet* planet) {
-  if (screen) {
-    boxRGBA(screen, 5, 5, 505, 505, 0, 0, 0, 255);
-    boxRGBA(screen, 515, 5, 795, 250, 0, 0, 0, 255);
-  }
-  if (planet) {
-    generateTerrain(terrain, planet->Seed);
-    smoothTerrain(terrain);
-  } else {
-    logMessage("prepareGameWindow: no planet to generate terrain for");
-  }
-  globeRotation = 0;
-  landingSite = SurfacePoint{180, 90};
-  roverPosition = SurfacePoint{1800, 900};
 }
 
 void drawViewscreen(SDL_Surface* screen, int velocityX, int velocityY, int shipImageIndex, int offsetX, int offsetY,

@@ -14,7 +14,6 @@ extern SDL_Rect surfaceDestPoint;   // (10, 310)
 extern SDL_Surface* (*viewscreenStarImage)(const char* classText);
 
 void initGameWindow(SDL_Surface** shipImages, FontTable* fonts, Ship* ship);
-void prepareGameWindow(SDL_Surface* screen, Planet* planet);
 void drawViewscreen(SDL_Surface* screen, int velocityX, int velocityY, int shipImageIndex, int offsetX, int offsetY,
                     StarMap& map, int systemX, int systemY, StellarObject* object, int inSystem, const double* sinTable,
                     const double* cosTable);

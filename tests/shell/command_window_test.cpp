@@ -5,7 +5,12 @@
 #include <string>
 #include <vector>
 
+#include "base/screen.h"
 #include "shell/main_loop.h"
+#include "shell/mode_frames.h"
+#include "shell/orbit.h"
+#include "shell/screen_layout.h"
+#include "shell/state_dump.h"
 #include "ship/ship.h"
 #include "support/test_support.h"
 #include "ui/font_builder.h"

@@ -6,9 +6,14 @@
 #include <utility>
 #include <vector>
 
+#include "base/game_state.h"
+#include "base/screen.h"
 #include "shell/command_window.h"
-#include "shell/game_state.h"
 #include "shell/main_loop.h"
+#include "shell/mode_frames.h"
+#include "shell/orbit.h"
+#include "shell/screen_layout.h"
+#include "shell/state_dump.h"
 #include "ship/ship.h"
 #include "support/test_support.h"
 #include "surface/globe.h"

@@ -4,9 +4,14 @@
 
 #include <string>
 
-#include "shell/debug_log.h"
+#include "base/debug_log.h"
+#include "base/message_window.h"
+#include "base/screen.h"
 #include "shell/main_loop.h"
-#include "shell/message_window.h"
+#include "shell/mode_frames.h"
+#include "shell/orbit.h"
+#include "shell/screen_layout.h"
+#include "shell/state_dump.h"
 #include "support/test_support.h"
 #include "ui/bitmap_font.h"
 #include "ui/font_builder.h"

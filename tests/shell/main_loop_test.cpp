@@ -7,11 +7,16 @@
 #include <tuple>
 #include <utility>
 
+#include "base/debug_log.h"
+#include "base/game_state.h"
+#include "base/message_window.h"
+#include "base/screen.h"
 #include "shell/command_window.h"
-#include "shell/debug_log.h"
-#include "shell/game_state.h"
 #include "shell/input.h"
-#include "shell/message_window.h"
+#include "shell/mode_frames.h"
+#include "shell/orbit.h"
+#include "shell/screen_layout.h"
+#include "shell/state_dump.h"
 #include "ship/ship.h"
 #include "support/test_support.h"
 

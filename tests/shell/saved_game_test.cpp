@@ -7,7 +7,7 @@
 #include <tuple>
 #include <utility>
 
-#include "shell/game_state.h"
+#include "base/game_state.h"
 #include "ship/ship.h"
 #include "support/test_support.h"
 #include "universe/planet.h"

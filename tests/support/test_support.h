@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/surface_ptr.h"
 #include "universe/star_map.h"
 
 // Opens the headless 800 x 600 x 32 screen once per test program, builds the
@@ -44,11 +45,6 @@ struct RunResult {
 // `environment` is put before the command, e.g. "SDL_VIDEODRIVER=none".
 RunResult runGame(const std::string& arguments, const std::string& environment = "");
 
-// Owns a surface a test made.
-struct SurfaceFree {
-  void operator()(SDL_Surface* s) const { SDL_FreeSurface(s); }
-};
-using SurfacePtr = std::unique_ptr<SDL_Surface, SurfaceFree>;
 // A black 32-bit software surface.
 SurfacePtr blankSurface(int w, int h);
 

@@ -1,7 +1,12 @@
 #include "universe/navigation.h"
 
-#include "shell/game_state.h"
+#include "base/game_state.h"
+#include "base/screen.h"
 #include "shell/main_loop.h"
+#include "shell/mode_frames.h"
+#include "shell/orbit.h"
+#include "shell/screen_layout.h"
+#include "shell/state_dump.h"
 #include "support/test_support.h"
 #include "ui/bitmap_font.h"
 #include "ui/font_builder.h"

@@ -1,11 +1,17 @@
 #include "universe/viewscreen.h"
 
+#include "base/screen.h"
 #include "shell/main_loop.h"
+#include "shell/mode_frames.h"
+#include "shell/orbit.h"
+#include "shell/screen_layout.h"
+#include "shell/state_dump.h"
 #include "ship/ship.h"
 #include "support/test_support.h"
 #include "surface/globe.h"
 #include "surface/surface_map.h"
 #include "ui/bitmap_font.h"
+#include "ui/font_builder.h"
 #include "universe/starfield.h"
 #include "universe/viewing_tree.h"
 
@@ -42,6 +48,7 @@ class ViewscreenTest : public GameTest {
  protected:
   void SetUp() override {
     GameTest::SetUp();
+    initGameWindow(shipImages, &fontTable, &playerShip);
     redSquare = solid(3, 3, red), blueBar = solid(4, 60, blue), shipImage = solid(6, 6, magenta);
     while (starlist) removeStar(starlist);  // no background stars in the way
     viewscreenStarImage = testImage;

@@ -1,7 +1,7 @@
 #pragma once
 #include <SDL.h>
 
-#include "shell/debug_log.h"
+#include "base/debug_log.h"
 
 struct FontTable;
 

@@ -1,10 +1,11 @@
-#include "shell/message_window.h"
+#include "base/message_window.h"
 
 #include <cstdarg>
 #include <cstdio>
 #include <cstring>
 #include <memory>
 
+#include "platform/surface_ptr.h"
 #include "platform/text.h"
 #include "ui/bitmap_font.h"
 #include "ui/font_builder.h"
@@ -20,11 +21,6 @@ FontTable* windowFonts = nullptr;
 constexpr int stripFont = 0;
 constexpr int textFont = 2;
 constexpr int stripLines = 7;
-
-struct SurfaceDeleter {
-  void operator()(SDL_Surface* surface) const { SDL_FreeSurface(surface); }
-};
-using SurfacePtr = std::unique_ptr<SDL_Surface, SurfaceDeleter>;
 
 SurfacePtr blankSurface(int w, int h) { return SurfacePtr(SDL_CreateRGBSurface(SDL_SWSURFACE, w, h, 32, 0, 0, 0, 0)); }
 

@@ -1,4 +1,4 @@
-#include "shell/debug_log.h"
+#include "base/debug_log.h"
 
 #include <SDL_gfxPrimitives.h>
 

@@ -1,7 +1,5 @@
 #pragma once
-#include <string>
-
-#include "universe/planet.h"
+#include "base/mineral_deposit.h"
 
 struct StellarObject;
 
@@ -45,15 +43,5 @@ struct GameState {
 
 extern GameState gameState;
 
-// The planet in slot currentPlanet of currentObject, or null.
-Planet* currentPlanetRecord();
 // analysisLines as they are when orbit is entered or restored.
 void resetAnalysisLines();
-// Draws the cargo window over the screen and notes that it was shown.
-void drawCargoWindow();
-void runOrbitFrame();
-void runSurfaceFrame();
-
-// One line of JSON with every GameState field, the command window's state and
-// the ship's values and holds, for `state` lines of scripted runs.
-std::string gameStateJson();

@@ -1,0 +1,21 @@
+#pragma once
+#include <SDL.h>
+
+// The four framed panes: viewscreen, message strip, top right pane, command pane.
+void drawScreenLayout(SDL_Surface* surface);
+// Redraws the panes' frames after the log window or a mode switch covered them.
+void refreshLayout();
+// Redraws every pane as the current mode shows it.
+void redrawAll();
+// The viewscreen pane at the ship's position and heading: space around it, or
+// with `inSystem` the current system around it. The Space frame draws space
+// even in the frame that has just entered a system.
+void drawGameViewscreen(bool inSystem);
+// Draws the open overlay window (cargo, star chart, configuration) and notes
+// that it was shown; returns 1 when one was drawn, 0 when none is open.
+int drawOverlayWindow();
+// Redraws everything once in the first frame after an overlay window closed.
+void redrawAfterOverlay();
+// Draws the cargo window over the screen and notes that it was shown.
+void drawCargoWindow();
+void drawFrameRate();
