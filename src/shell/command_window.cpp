@@ -14,7 +14,7 @@
 #include "ui/font_builder.h"
 #include "ui/frames.h"
 
-// The crew stations of the bridge (menu 0) and the menu of each station.
+// The crew stations of the bridge and the menu of each station, in Menu order.
 const int menuItemCount[menuCount] = {6, 5, 5, 5, 4, 4, 4, 4, 4, 4, 3, 3};
 const char menuItems[menuCount][menuSlots][50] = {
     {"Captain", "Science", "Navigator", "Tactical", "Engineering", "Communication"},
@@ -74,14 +74,14 @@ void openTactical() {
   const bool weapons = playerShip.weaponsOnline != 0;
   if (!shields && !weapons) {
     logMessage("menu 5");
-    switchToMenu(5);
+    switchToMenu(TacticalMenu);
   } else if (shields && !weapons) {
-    switchToMenu(6);
+    switchToMenu(ShieldsUpMenu);
   } else if (!shields && weapons) {
-    switchToMenu(7);
+    switchToMenu(WeaponsArmedMenu);
   } else {
     logMessage("menu 8");
-    switchToMenu(8);
+    switchToMenu(ShieldsUpArmedMenu);
   }
 }
 
@@ -125,23 +125,23 @@ void startLaunch() {
 
 void bridgeAction(int item) {
   switch (item) {
-    case 0:
-      switchToMenu(gameState.mode == Surface ? 2 : 1);
+    case CaptainStation:
+      switchToMenu(gameState.mode == Surface ? SurfaceMenu : OrbitMenu);
       break;
-    case 1:
-      switchToMenu(3);
+    case ScienceStation:
+      switchToMenu(ScienceMenu);
       break;
-    case 2:
-      switchToMenu(4);
+    case NavigatorStation:
+      switchToMenu(NavigatorMenu);
       break;
-    case 3:
+    case TacticalStation:
       openTactical();
       break;
-    case 4:
-      switchToMenu(9);
+    case EngineeringStation:
+      switchToMenu(EngineeringMenu);
       break;
-    case 5:
-      switchToMenu(10);
+    case CommunicationStation:
+      switchToMenu(CommunicationMenu);
       break;
     default:
       break;
@@ -157,9 +157,14 @@ struct TacticalSwitch {
   int nextMenu;
 };
 constexpr TacticalSwitch tacticalSwitches[] = {
-    {5, 0, &Ship::shieldsOnline, 1, 6}, {5, 1, &Ship::weaponsOnline, 1, 7}, {6, 0, &Ship::shieldsOnline, 0, 5},
-    {6, 1, &Ship::weaponsOnline, 1, 8}, {7, 0, &Ship::shieldsOnline, 1, 8}, {7, 1, &Ship::weaponsOnline, 0, 5},
-    {8, 0, &Ship::shieldsOnline, 0, 7}, {8, 1, &Ship::weaponsOnline, 0, 6},
+    {TacticalMenu, ShieldsItem, &Ship::shieldsOnline, 1, ShieldsUpMenu},
+    {TacticalMenu, WeaponsItem, &Ship::weaponsOnline, 1, WeaponsArmedMenu},
+    {ShieldsUpMenu, ShieldsItem, &Ship::shieldsOnline, 0, TacticalMenu},
+    {ShieldsUpMenu, WeaponsItem, &Ship::weaponsOnline, 1, ShieldsUpArmedMenu},
+    {WeaponsArmedMenu, ShieldsItem, &Ship::shieldsOnline, 1, ShieldsUpArmedMenu},
+    {WeaponsArmedMenu, WeaponsItem, &Ship::weaponsOnline, 0, TacticalMenu},
+    {ShieldsUpArmedMenu, ShieldsItem, &Ship::shieldsOnline, 0, WeaponsArmedMenu},
+    {ShieldsUpArmedMenu, WeaponsItem, &Ship::weaponsOnline, 0, ShieldsUpMenu},
 };
 
 void tacticalAction(int menu, int item) {
@@ -170,7 +175,7 @@ void tacticalAction(int menu, int item) {
       return;
     }
   }
-  if (item == 3) switchToMenu(0);
+  if (item == TacticalBridgeItem) switchToMenu(BridgeMenu);
 }
 
 }  // namespace
@@ -255,47 +260,47 @@ void performMenuAction() {
   const int menu = currentMenu;
   const int item = currentItem;
   switch (menu) {
-    case 0:
+    case BridgeMenu:
       bridgeAction(item);
       break;
-    case 1:
-    case 2:
-      if (menu == 1 && item == 0) switchToMenu(11);
-      if (menu == 2 && item == 0) startLaunch();
-      if (item == 2) toggleCargo();
-      if (item == 4) switchToMenu(0);
+    case OrbitMenu:
+    case SurfaceMenu:
+      if (menu == OrbitMenu && item == LandItem) switchToMenu(LandingMenu);
+      if (menu == SurfaceMenu && item == LaunchItem) startLaunch();
+      if (item == CargoItem) toggleCargo();
+      if (item == CaptainBridgeItem) switchToMenu(BridgeMenu);
       break;
-    case 3:
-      if (item == 3) toggleStatus();
-      if (item == 4) switchToMenu(0);
+    case ScienceMenu:
+      if (item == StatusItem) toggleStatus();
+      if (item == ScienceBridgeItem) switchToMenu(BridgeMenu);
       break;
-    case 4:
-      if (item == 0) gameState.maneuverOn = 1 - gameState.maneuverOn;
-      if (item == 1) {
+    case NavigatorMenu:
+      if (item == ManeuverItem) gameState.maneuverOn = 1 - gameState.maneuverOn;
+      if (item == StarmapItem) {
         gameState.navigationOpen = 1 - gameState.navigationOpen;
         toggleItemSelected();
       }
-      if (item == 3) switchToMenu(0);
+      if (item == NavigatorBridgeItem) switchToMenu(BridgeMenu);
       break;
-    case 5:
-    case 6:
-    case 7:
-    case 8:
+    case TacticalMenu:
+    case ShieldsUpMenu:
+    case WeaponsArmedMenu:
+    case ShieldsUpArmedMenu:
       tacticalAction(menu, item);
       break;
-    case 9:
-      if (item == 2) {
+    case EngineeringMenu:
+      if (item == ConfigurationItem) {
         toggleItemSelected();
         gameState.configOpen = 1 - gameState.configOpen;
       }
-      if (item == 3) switchToMenu(0);
+      if (item == EngineeringBridgeItem) switchToMenu(BridgeMenu);
       break;
-    case 10:
-      if (item == 2) switchToMenu(0);
+    case CommunicationMenu:
+      if (item == CommunicationBridgeItem) switchToMenu(BridgeMenu);
       break;
-    case 11:
-      if (item == 1) startDescent();
-      if (item == 2) switchToMenu(1);
+    case LandingMenu:
+      if (item == DescentItem) startDescent();
+      if (item == CancelItem) switchToMenu(OrbitMenu);
       break;
     default:
       break;

@@ -16,7 +16,7 @@
 
 namespace {
 
-bool siteSelectionActive() { return isActive(11, 0); }
+bool siteSelectionActive() { return isActive(LandingMenu, SelectSiteItem); }
 
 void switchFullScreen() {
   if (gameState.fullScreen == 0) {

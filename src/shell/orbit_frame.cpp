@@ -13,7 +13,7 @@
 #include "universe/star_map.h"
 
 void runOrbitFrame() {
-  if (isActive(4, 0)) {
+  if (isActive(NavigatorMenu, ManeuverItem)) {
     leaveOrbit();
     gameState.mode = System;
     gameState.speed = 0;
@@ -23,7 +23,7 @@ void runOrbitFrame() {
   Planet* planet = currentPlanetRecord();
   if (drawCargoOverlay() || !planet) return;
   drawPlanetPane(*planet);
-  if (isActive(11, 0)) {
+  if (isActive(LandingMenu, SelectSiteItem)) {
     drawCoordinates(screen);
     if (gameState.siteClicked) {
       drawSurfaceMap(screen, planet);
@@ -36,8 +36,8 @@ void runOrbitFrame() {
     if (getAltitude() == 0) {
       gameState.descentRunning = 0;
       toggleItemSelected();
-      setCurrentMenu(2);
-      setCurrentItem(0);
+      setCurrentMenu(SurfaceMenu);
+      setCurrentItem(LaunchItem);
       drawCommandWindow(screen);
       gameState.mode = Surface;
     }

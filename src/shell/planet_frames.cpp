@@ -23,7 +23,7 @@ void fillAnalysisLines(const Planet& p) {
 
 // Science, Sensors: one frame of the sweep over the globe.
 void sensorSweepStep(Planet& planet) {
-  if (!isActive(3, 0)) return;
+  if (!isActive(ScienceMenu, SensorsItem)) return;
   drawPlanetScan(screen, gameState.currentPlanet, &planet);
   drawSurfaceMap(screen, &planet);
   gameState.scanRunning = 1;
@@ -39,7 +39,7 @@ void sensorSweepStep(Planet& planet) {
 }  // namespace
 
 void showAnalysisOnce() {
-  if (!isActive(3, 1)) return;
+  if (!isActive(ScienceMenu, AnalysisItem)) return;
   for (const auto& line : gameState.analysisLines) showMessage(line);
   toggleItemSelected();
 }
@@ -62,4 +62,3 @@ void drawPlanetPane(Planet& planet) {
     drawStatusWindow(screen);
   }
 }
-

@@ -21,8 +21,8 @@ void runSurfaceFrame() {
       transferRoverCargo();
       gameState.launchRunning = 0;
       toggleItemSelected();
-      setCurrentMenu(1);
-      setCurrentItem(0);
+      setCurrentMenu(OrbitMenu);
+      setCurrentItem(LandItem);
       gameState.mode = Orbit;
       redrawAll();
     }
@@ -34,4 +34,3 @@ void runSurfaceFrame() {
     if (gameState.scansTaken) drawDeposits(screen, gameState.deposits);
   }
 }
-
