@@ -15,7 +15,7 @@ void BM_BuildAllFonts(benchmark::State& state) {
   for (auto _ : state) {
     BitmapFont* fonts[fontCount] = {};
     for (int i = 0; i < fontCount; ++i) {
-      const FontSpec& look = fontSpecs[i];
+      const FontLook& look = fontLooks[i];
       fonts[i] = fontFromSurface(buildFontSheet(gameFontPath, look.style, look.size, look.r, look.g, look.b));
       if (!fonts[i]) {
         state.SkipWithError("the game font could not be built (is ATX_A.ttf in the data directory?)");
@@ -33,7 +33,7 @@ BENCHMARK(BM_BuildAllFonts)->Unit(benchmark::kMillisecond);
 
 void BM_DrawLineOf100Characters(benchmark::State& state) {
   BitmapFont* before = currentFont();
-  const FontSpec& look = fontSpecs[2];
+  const FontLook& look = fontLooks[2];
   BitmapFont* font = fontFromSurface(buildFontSheet(gameFontPath, look.style, look.size, look.r, look.g, look.b));
   setCurrentFont(before);
   SDL_Surface* target = SDL_CreateRGBSurface(SDL_SWSURFACE, 800, 600, 32, 0xFF0000, 0x00FF00, 0x0000FF, 0);

@@ -57,7 +57,7 @@ int main(int argc, char** argv) {
   SDL_FillRect(page, nullptr, SDL_MapRGB(page->format, 0, 0, 0));
   int y = 5;
   for (int i = 0; i < fontCount; ++i) {
-    const FontSpec& look = fontSpecs[i];
+    const FontLook& look = fontLooks[i];
     if (fonts->fonts[i]) {
       printString(page, fonts->fonts[i], 5, y, "Entry %d: %d pt %s The quick brown fox 0123456789 `'\"", i, look.size,
                   styleName(look.style));

@@ -31,6 +31,18 @@ constexpr int textFont = 2;
 
 }  // namespace
 
+const char* TextRing::add(const char* text) {
+  char(&line)[logLineLength] = lines[writeIndex];
+  copyText(line, text ? text : "");
+  writeIndex = writeIndex + 1 == logLineCount ? 0 : writeIndex + 1;
+  return line;
+}
+
+void TextRing::clear() {
+  std::memset(lines, 0, sizeof lines);
+  writeIndex = 0;
+}
+
 int previousLine(int index) { return index == 0 ? logLineCount - 1 : index - 1; }
 
 int newestShownLine(int writeIndex) {
@@ -55,9 +67,8 @@ void initLog(MessageLog* log, FontTable* fonts, SDL_Surface* screen, int fullScr
   sharedFullScreen = fullScreen;
   logFonts = fonts;
   if (log) theLog = log;
-  theLog->writeIndex = 0;
+  theLog->clear();
   historyScroll = 0;
-  std::memset(theLog->lines, 0, sizeof theLog->lines);
   if (theLog->surface) SDL_FreeSurface(theLog->surface);
   theLog->surface = SDL_CreateRGBSurface(SDL_SWSURFACE, windowWidth, windowHeight, 16, 0, 0, 0, 0);
 }
@@ -71,14 +82,11 @@ SDL_Surface* logScreen() { return sharedScreen; }
 int logFullScreen() { return sharedFullScreen; }
 
 void logMessage(const char* text) {
-  char(&line)[logLineLength] = theLog->lines[theLog->writeIndex];
-  copyText(line, text ? text : "");
+  const char* line = theLog->add(text);
   if (echo) {
     std::printf("%s\n", line);
     std::fflush(stdout);
   }
-  theLog->writeIndex += 1;
-  if (theLog->writeIndex == logLineCount) theLog->writeIndex = 0;
   if (theLog->visible == 1) drawLog();
 }
 

@@ -8,9 +8,20 @@ constexpr int logLineLength = 100;  // 99 characters and the terminator
 constexpr int historyLinesShown = 34;
 constexpr int historyScrollMax = logLineCount - historyLinesShown;  // 966
 
-struct MessageLog {
+// The last 1000 lines of a history, oldest overwritten first: the debug log
+// and the player's messages are both kept this way.
+struct TextRing {
   char lines[logLineCount][logLineLength] = {};
   int writeIndex = 0;
+
+  // Stores `text` (cut to 99 characters; null reads as empty) at the write
+  // index and moves it on, wrapping from 999 to 0. Returns the stored line.
+  const char* add(const char* text);
+  // Empties every line and starts writing at 0 again.
+  void clear();
+};
+
+struct MessageLog : TextRing {
   int visible = 0;
   SDL_Surface* surface = nullptr;  // 650 x 500, 16 bits, made once
 };

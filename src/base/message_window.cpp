@@ -68,15 +68,12 @@ void initMessageWindow(MessageWindow* window, FontTable* fonts, SDL_Surface* scr
   setLogScreen(screen, logFullScreen());
   if (window) theWindow = window;
   windowFonts = fonts;
-  theWindow->writeIndex = 0;
+  theWindow->clear();
   historyScroll = 0;
-  std::memset(theWindow->lines, 0, sizeof theWindow->lines);
 }
 
 void showMessage(const char* text) {
-  copyText(theWindow->lines[theWindow->writeIndex], text ? text : "");
-  theWindow->writeIndex += 1;
-  if (theWindow->writeIndex == logLineCount) theWindow->writeIndex = 0;
+  theWindow->add(text);
   drawMessageWindow();
 }
 

@@ -5,9 +5,7 @@
 
 struct FontTable;
 
-struct MessageWindow {
-  char lines[logLineCount][logLineLength] = {};
-  int writeIndex = 0;
+struct MessageWindow : TextRing {
   int expanded = 0;
 };
 

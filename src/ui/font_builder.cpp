@@ -14,7 +14,7 @@ const char fontCharacterSet[] =
 
 const char gameFontPath[] = "ATX_A.ttf";
 
-const FontSpec fontSpecs[fontCount] = {
+const FontLook fontLooks[fontCount] = {
     {10, 0, 255, 255, 255},  // message strip, navigation window
     {10, 0, 0, 255, 0},      // mass exponent of the planet readings
     {12, 0, 255, 255, 255},  // ordinary text
@@ -123,7 +123,7 @@ SDL_Surface* buildFontSheet(const char* path, int style, int size, Uint8 r, Uint
 
 FontTable* buildFonts() {
   for (int i = 0; i < fontCount; ++i) {
-    const FontSpec& look = fontSpecs[i];
+    const FontLook& look = fontLooks[i];
     SDL_Surface* sheet = buildFontSheet(gameFontPath, look.style, look.size, look.r, look.g, look.b);
     BitmapFont* font = fontFromSurface(sheet);
     fontTable.fonts[i] = font;

@@ -18,12 +18,12 @@ extern const char fontCharacterSet[];
 
 // How one entry of the table is rendered: point size, SDL_ttf style (0 plain,
 // 1 bold, 3 bold and italic) and colour.
-struct FontSpec {
+struct FontLook {
   int size;
   int style;
   Uint8 r, g, b;
 };
-extern const FontSpec fontSpecs[fontCount];
+extern const FontLook fontLooks[fontCount];
 // The TrueType file every font is rendered from, in the working directory.
 extern const char gameFontPath[];
 

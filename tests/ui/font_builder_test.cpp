@@ -15,8 +15,8 @@ TEST(FontBuilder, EveryFontHoldsTheGlyphsInItsSizeStyleAndColour) {
     const BitmapFont* font = fontTable.fonts[i];
     ASSERT_TRUE(font && font->sheet->format->BitsPerPixel == 8) << i;
     const Uint8* shades = static_cast<const Uint8*>(font->sheet->pixels);
-    TTF_Font* ttf = TTF_OpenFont(gameFontPath, fontSpecs[i].size);
-    TTF_SetFontStyle(ttf, fontSpecs[i].style);
+    TTF_Font* ttf = TTF_OpenFont(gameFontPath, fontLooks[i].size);
+    TTF_SetFontStyle(ttf, fontLooks[i].style);
     // One run per character between separators, as wide as SDL_ttf renders it: 95 separators in all.
     int width = 95;
     for (int c = 33; c <= 126; ++c) {
@@ -30,7 +30,7 @@ TEST(FontBuilder, EveryFontHoldsTheGlyphsInItsSizeStyleAndColour) {
     EXPECT_EQ(shades[font->sheet->w - 1], 2) << i;
     // Shades run from black to the entry's colour, and the glyphs are drawn in them.
     const SDL_Color& top = font->sheet->format->palette->colors[255];
-    EXPECT_EQ((top.r << 16) | (top.g << 8) | top.b, (fontSpecs[i].r << 16) | (fontSpecs[i].g << 8) | fontSpecs[i].b);
+    EXPECT_EQ((top.r << 16) | (top.g << 8) | top.b, (fontLooks[i].r << 16) | (fontLooks[i].g << 8) | fontLooks[i].b);
     EXPECT_GT(std::count(shades, shades + font->sheet->pitch * font->sheet->h, 255), 0) << i;
     const SDL_Rect &quote = font->glyphs['\''], &grave = font->glyphs['`'];  // the grave drawn as an apostrophe
     ASSERT_TRUE(quote.w == grave.w && quote.x != grave.x) << i;
