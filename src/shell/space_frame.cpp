@@ -19,6 +19,19 @@ constexpr int lastCellPosition = 25250;
 
 bool onMap(int x, int y) { return x >= 0 && x < starMapSize && y >= 0 && y < starMapSize; }
 
+// Holds one axis of the ship on the map: at the first cell's edge, or back at
+// the last cell once the cell from before the step lies past it.
+void keepOnMap(int& position, double& velocity, int cell) {
+  if (position < mapOrigin) {
+    position = mapOrigin;
+    velocity = 0;
+  }
+  if (cell > starMapSize - 1) {
+    position = lastCellPosition;
+    velocity = 0;
+  }
+}
+
 void enterSystem(StellarObject* object) {
   buildPlanetImages(object);
   gameState.mode = System;
@@ -36,23 +49,9 @@ void enterSystem(StellarObject* object) {
 void runSpaceFrame() {
   GameState& g = gameState;
   g.posX -= static_cast<int>(g.velX);
-  if (g.posX < mapOrigin) {
-    g.posX = mapOrigin;
-    g.velX = 0;
-  }
-  if (g.sectorX > starMapSize - 1) {
-    g.posX = lastCellPosition;
-    g.velX = 0;
-  }
+  keepOnMap(g.posX, g.velX, g.sectorX);
   g.posY += static_cast<int>(g.velY);
-  if (g.posY < mapOrigin) {
-    g.posY = mapOrigin;
-    g.velY = 0;
-  }
-  if (g.sectorY > starMapSize - 1) {
-    g.posY = lastCellPosition;
-    g.velY = 0;
-  }
+  keepOnMap(g.posY, g.velY, g.sectorY);
 
   // In the frame after passing cell 499 the cell lies off the map and holds nothing.
   if ((g.sectorX != g.lastSectorX || g.sectorY != g.lastSectorY) && onMap(g.sectorX, g.sectorY)) {
