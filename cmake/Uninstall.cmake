@@ -1,6 +1,6 @@
 # Removes every file listed in install_manifest.txt, then the directories of
 # the game's data that this leaves empty.
-set(_manifest "${CMAKE_BINARY_DIR}/install_manifest.txt")
+set(_manifest "${BUILD_DIR}/install_manifest.txt")
 if(NOT EXISTS "${_manifest}")
   message(FATAL_ERROR "Nothing to uninstall: ${_manifest} is missing (install first from this build directory).")
 endif()

@@ -22,10 +22,13 @@ std::string dataFileName(const std::string& path) {
 void reportDataProblemV(const std::string& file, int line, const char* format, std::va_list args) {
   const FormattedText what = formatText(format, args);
   const std::string name = dataFileName(file);
+  // Log lines hold 99 characters: a file outside the data directory goes by its name alone.
+  const std::size_t slash = name.find_last_of('/');
+  const std::string shown = name[0] == '/' && slash != std::string::npos ? name.substr(slash + 1) : name;
   if (line > 0) {
-    logMessagef("%s line %d: %s", name.c_str(), line, what.text);
+    logMessagef("%s line %d: %s", shown.c_str(), line, what.text);
   } else {
-    logMessagef("%s: %s", name.c_str(), what.text);
+    logMessage(what.text);  // names the file itself
   }
   if (collecting) kept.push_back({name, line, what.text});
 }

@@ -17,8 +17,9 @@ struct DataProblem {
 // "./Ships/A.txt" both give "Ships/A.txt").
 std::string dataFileName(const std::string& path);
 
-// Reports a fault in a data file: logs "FILE line N: what" ("FILE: what" for
-// line 0) on the debug log and, while problems are being collected, keeps it.
+// Reports a fault in a data file: logs "FILE line N: what" on the debug log
+// (for line 0 just `what`, which then names the file itself) and, while
+// problems are being collected, keeps it.
 void reportDataProblem(const std::string& file, int line, const char* format, ...)
     __attribute__((format(printf, 3, 4)));
 void reportDataProblemV(const std::string& file, int line, const char* format, std::va_list args);
