@@ -44,8 +44,8 @@ int main(int argc, char** argv) {
   }
   SDL_Surface* icon =
       SDL_CreateRGBSurface(SDL_SWSURFACE, iconSize, iconSize, 32, 0x00FF0000, 0x0000FF00, 0x000000FF, 0xFF000000);
-  SDL_Surface* ship = SDL_CreateRGBSurface(SDL_SWSURFACE, sprite->w, sprite->h, 32, 0x00FF0000, 0x0000FF00,
-                                           0x000000FF, 0);
+  SDL_Surface* ship =
+      SDL_CreateRGBSurface(SDL_SWSURFACE, sprite->w, sprite->h, 32, 0x00FF0000, 0x0000FF00, 0x000000FF, 0);
   if (!icon || !ship) return 1;
   SDL_BlitSurface(sprite, nullptr, ship, nullptr);
   const double zoom = (iconSize - 14.0) / (sprite->w > sprite->h ? sprite->w : sprite->h);
