@@ -2,8 +2,10 @@
 BUILD ?= build
 JOBS ?= $(shell nproc)
 CMAKE_FLAGS ?=
+# Where `make install` puts the game; `sudo make install` for /usr/local.
+PREFIX ?= /usr/local
 
-.PHONY: all deps configure build play test format format-check bench clean starmap
+.PHONY: all deps configure build play test format format-check bench clean starmap install uninstall screenshots
 
 all: build
 
@@ -21,6 +23,15 @@ play: build
 
 test: build
 	cd $(BUILD) && SDL_VIDEODRIVER=dummy ctest --output-on-failure -j $(JOBS)
+
+install: build
+	cmake --install $(BUILD) --prefix $(PREFIX)
+
+uninstall:
+	cmake --build $(BUILD) --target uninstall
+
+screenshots: build
+	./scripts/screenshots $(BUILD)
 
 bench: build
 	./$(BUILD)/bench/prospector_bench

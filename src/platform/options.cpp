@@ -21,7 +21,10 @@ bool parseNumber(const char* text, long minimum, long maximum, long& value) {
 
 const char* usageText() {
   return "usage: prospector [options]\n"
-         "  --data DIR       load the game's data from DIR (default: the current directory)\n"
+         "  --data DIR       load the game's data from DIR (default: ../share/prospector beside\n"
+         "                   the installed program, else the current directory)\n"
+         "  --scale N        show the 800 x 600 game in a window N times as large (1 to 4)\n"
+         "  --check          check the data files, print each problem as FILE:LINE, and leave\n"
          "  --frames N       leave with status 0 after N frames\n"
          "  --seed N         seed the random generator with N instead of the time\n"
          "  --unthrottled    do not wait between frames\n"
@@ -49,6 +52,15 @@ bool parseOptions(int argc, const char* const* argv, Options& options, std::stri
       options.unthrottled = true;
     } else if (arg == "--log-stdout") {
       options.logToStdout = true;
+    } else if (arg == "--check") {
+      options.check = true;
+    } else if (arg == "--scale") {
+      if (!value(text)) return false;
+      if (!parseNumber(text, 1, 4, n)) {
+        error = std::string("--scale takes a whole number from 1 to 4, not '") + text + "'";
+        return false;
+      }
+      options.scale = static_cast<int>(n);
     } else if (arg == "--data") {
       if (!value(text)) return false;
       if (!*text) {

@@ -10,6 +10,8 @@ struct Options {
   bool unthrottled = false;          // --unthrottled: no frame-rate delay
   bool logToStdout = false;          // --log-stdout: echo the debug log
   std::string scriptPath;            // --script FILE: scripted input
+  int scale = 1;                     // --scale N: window N times 800 x 600 (1 to 4)
+  bool check = false;                // --check: check the data files and leave
   bool help = false;                 // --help
 };
 

@@ -16,10 +16,12 @@
 #include "base/screen.h"
 #include "displays/ship_config.h"
 #include "displays/status_window.h"
+#include "platform/data_path.h"
 #include "platform/input_script.h"
 #include "platform/options.h"
 #include "platform/random.h"
 #include "shell/command_window.h"
+#include "shell/data_check.h"
 #include "shell/flight.h"
 #include "shell/input.h"
 #include "shell/mode_frames.h"
@@ -279,10 +281,28 @@ int gameMain(int argc, char** argv) {
     }
     std::free(cwd);
   }
-  if (!options.dataDir.empty() && chdir(options.dataDir.c_str()) != 0) {
-    std::fprintf(stderr, "prospector: can't use the data directory %s: %s\n", options.dataDir.c_str(),
-                 std::strerror(errno));
+  std::string dataDir = options.dataDir;
+  if (dataDir.empty()) {
+    char* cwd = getcwd(nullptr, 0);
+    std::string looked;
+    dataDir = findDataDir(executablePath(), cwd ? cwd : ".", looked);
+    std::free(cwd);
+    if (dataDir.empty()) {
+      std::fprintf(stderr, "prospector: no game data (NewGame.sav) in %s; name the data directory with --data DIR\n",
+                   looked.c_str());
+      return 1;
+    }
+  }
+  if (chdir(dataDir.c_str()) != 0) {
+    std::fprintf(stderr, "prospector: can't use the data directory %s: %s\n", dataDir.c_str(), std::strerror(errno));
     return 2;
+  }
+  if (options.check) return checkData(dataDir.c_str(), stdout);
+  // sdl12-compat reads its window scaling when the video mode is set; the game
+  // keeps drawing 800 x 600 and the layer hands back mouse positions in game pixels.
+  if (options.scale > 1) {
+    setenv("SDL12COMPAT_WINDOW_SCALING", std::to_string(options.scale).c_str(), 1);
+    setenv("SDL12COMPAT_SCALE_METHOD", "nearest", 0);
   }
   if (options.seed) setTimeSeedOverride(*options.seed);
   if (options.frames) frameLimit = *options.frames;

@@ -1,8 +1,10 @@
 #include "shell/saved_game.h"
 
 #include <algorithm>
+#include <cstdarg>
 #include <string>
 
+#include "base/data_problems.h"
 #include "base/debug_log.h"
 #include "base/game_state.h"
 #include "base/message_window.h"
@@ -26,18 +28,31 @@ constexpr int systemWidth = 281;
 constexpr int systemHeight = 246;
 constexpr float roverHoldSize = 50.0f;
 
+// The saved game being read and the number of its line in hand, for reports.
+std::string savedFile;
+int savedLine = 0;
+int modeLine = 0;
+int planetLine = 0;
+
+__attribute__((format(printf, 1, 2))) void problem(const char* format, ...) {
+  va_list args;
+  va_start(args, format);
+  reportDataProblemV(savedFile, savedLine, format, args);
+  va_end(args);
+}
+
 // A saved cell outside its map would put the ship where no view can index it;
 // it is kept at the nearest edge instead.
 int savedCell(const std::string& line, int limit, const char* what) {
   const int cell = parseInt(line);
   const int kept = std::clamp(cell, 0, limit - 1);
-  if (kept != cell) logMessagef("Saved game: %s cell %d is off the map; using %d", what, cell, kept);
+  if (kept != cell) problem("Saved game: %s cell %d is off the map; using %d", what, cell, kept);
   return kept;
 }
 
 template <std::size_t N>
 void copyName(char (&field)[N], const std::string& line, const char* what) {
-  if (copyText(field, line)) logMessagef("Saved game: %s longer than %zu characters, cut", what, N - 1);
+  if (copyText(field, line)) problem("Saved game: %s longer than %zu characters, cut", what, N - 1);
 }
 
 // A hold line: up to 22 amounts from slot 0; the slots after the last number
@@ -46,8 +61,7 @@ void copyName(char (&field)[N], const std::string& line, const char* what) {
 float readHold(const std::string& line, CargoHold& hold, const char* which) {
   const std::vector<std::string_view> tokens = splitTokens(line);
   if (tokens.size() > hold.size()) {
-    logMessagef("Saved game: %zu numbers on the %s hold line; only the first %zu kept", tokens.size(), which,
-                hold.size());
+    problem("Saved game: %zu numbers on the %s hold line; only the first %zu kept", tokens.size(), which, hold.size());
   }
   float sum = 0.0f;
   for (std::size_t i = 0; i < tokens.size() && i < hold.size(); ++i) {
@@ -83,9 +97,11 @@ void headerLine(int index, const std::string& line) {
       break;
     case 6:
       gameState.currentPlanet = parseInt(line);
+      planetLine = savedLine;
       break;
     case 7:
       gameState.mode = parseInt(line);
+      modeLine = savedLine;
       break;
     case 8:
       copyName(ship.engine.name, line, "engine name");
@@ -119,11 +135,12 @@ void setStartingValues() {
 // A mode or planet slot the game does not have starts the game in Space.
 void checkModeAndPlanet() {
   if (gameState.mode < Space || gameState.mode > Surface) {
-    logMessagef("Saved game: mode %d is not 0 to 3; starting in Space", gameState.mode);
+    reportDataProblem(savedFile, modeLine, "Saved game: mode %d is not 0 to 3; starting in Space", gameState.mode);
     gameState.mode = Space;
   }
   if (gameState.currentPlanet < 0 || gameState.currentPlanet >= maxPlanets) {
-    logMessagef("Saved game: planet slot %d is not 0 to 9; starting in Space", gameState.currentPlanet);
+    reportDataProblem(savedFile, planetLine, "Saved game: planet slot %d is not 0 to 9; starting in Space",
+                      gameState.currentPlanet);
     gameState.currentPlanet = 0;
     gameState.mode = Space;
   }
@@ -163,8 +180,10 @@ void restoreOrbit() {
 
 bool loadGame(const char* path) {
   DataFile file(hostPath(path));
+  savedFile = path;
+  savedLine = modeLine = planetLine = 0;
   if (!file.isOpen()) {
-    logMessagef("Couldn't open the saved game %s", path);
+    reportDataProblem(savedFile, 0, "Couldn't open the saved game %s", path);
     return false;
   }
   logMessagef("Loading: %s", path);
@@ -178,7 +197,8 @@ bool loadGame(const char* path) {
   int hardPoints = 0;
   std::string line;
   while (section != Section::Done && file.nextField(line)) {
-    if (file.lastLineCut()) logMessagef("Saved game: line %d longer than 999 characters, cut", file.lineNumber());
+    savedLine = file.lineNumber();
+    if (file.lastLineCut()) problem("Saved game: line longer than 999 characters, cut");
     switch (section) {
       case Section::Header:
         headerLine(lineIndex++, line);
@@ -189,6 +209,7 @@ bool loadGame(const char* path) {
         break;
       case Section::Weapons:
         copyName(playerShip.hardPoints[weaponsRead].weaponName, line, "weapon name");
+        if (line.empty()) problem("Saved game: hardpoint %d has no weapon named", weaponsRead + 1);
         if (++weaponsRead == hardPoints) section = Section::ShipHold;
         break;
       case Section::ShipHold:
@@ -204,6 +225,8 @@ bool loadGame(const char* path) {
         break;
     }
   }
+  savedLine = 0;
+  if (section != Section::Done) problem("Saved game: ends before the rover's hold line; the rest keep their values");
   checkModeAndPlanet();
   return true;
 }
@@ -229,5 +252,19 @@ void restoreSavedMode() {
       logMessagef("Saved game: mode %d is not 0 to 3; starting in Space", gameState.mode);
       gameState.mode = Space;
       break;
+  }
+}
+
+void checkSavedPlace() {
+  if (gameState.mode == Space) return;
+  const int x = (gameState.posX - 300) / 50, y = (gameState.posY - 300) / 50;
+  const StellarObject* object = x >= 0 && x < starMapSize && y >= 0 && y < starMapSize ? starMap[x][y].object : nullptr;
+  if (!object) {
+    reportDataProblem(savedFile, modeLine,
+                      "Saved game: mode %d asks for a system at %d, %d, where the star map has none", gameState.mode, x,
+                      y);
+  } else if ((gameState.mode == Orbit || gameState.mode == Surface) && !object->Planets[gameState.currentPlanet]) {
+    reportDataProblem(savedFile, planetLine, "Saved game: the system at %d, %d has no planet on lane %d", x, y,
+                      gameState.currentPlanet);
   }
 }

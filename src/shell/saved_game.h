@@ -4,3 +4,7 @@
 // changed nothing, when the file cannot be opened.
 bool loadGame(const char* path);
 void restoreSavedMode();
+// Reports, against the saved game's own lines, a saved system or planet that
+// the loaded star map does not have (restoreSavedMode falls back to Space for
+// them). Call after loadGame and loadStarmap; changes nothing.
+void checkSavedPlace();

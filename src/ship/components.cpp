@@ -4,6 +4,7 @@
 #include <functional>
 #include <string>
 
+#include "base/data_problems.h"
 #include "base/debug_log.h"
 #include "platform/data_file.h"
 #include "platform/data_path.h"
@@ -16,17 +17,21 @@ namespace {
 // store with its number. A missing file is logged and nothing is stored, so
 // the record keeps what it had.
 void readComponentFile(const std::string& gamePath, int lineCount,
-                       const std::function<void(int, const std::string&)>& store) {
+                       const std::function<void(int, const std::string&, int)>& store) {
   logMessage(gamePath.c_str());
   DataFile file(hostPath(gamePath));
   if (!file.isOpen()) {
-    logMessagef("Couldn't open %s", gamePath.c_str());
+    reportDataProblem(gamePath, 0, "Couldn't open %s", gamePath.c_str());
     return;
   }
   std::string line;
-  for (int index = 0; index < lineCount && file.nextField(line); ++index) {
-    if (file.lastLineCut()) logMessagef("%s: line %d longer than 999 characters, cut", gamePath.c_str(), index);
-    store(index, line);
+  int index = 0;
+  for (; index < lineCount && file.nextField(line); ++index) {
+    if (file.lastLineCut()) reportDataProblem(gamePath, file.lineNumber(), "line longer than 999 characters, cut");
+    store(index, line, file.lineNumber());
+  }
+  if (index < lineCount) {
+    reportDataProblem(gamePath, 0, "ends after %d of its %d lines; the rest keep their values", index, lineCount);
   }
 }
 
@@ -36,7 +41,7 @@ std::string componentPath(const char* folder, const char* stem) {
 
 // Class and description: the layout shared by engines, shields and power plants.
 void readClassFile(const char* folder, const char* stem, int& componentClass, std::string& description) {
-  readComponentFile(componentPath(folder, stem), 2, [&](int index, const std::string& line) {
+  readComponentFile(componentPath(folder, stem), 2, [&](int index, const std::string& line, int) {
     if (index == 0) {
       componentClass = parseInt(line);
     } else {
@@ -74,9 +79,9 @@ void loadWeapons(Ship& ship) {
     }
     const std::string path = componentPath("Weapons", hardPoint.weaponName);
     Weapon& weapon = hardPoint.weapon;
-    readComponentFile(path, 3, [&](int index, const std::string& line) {
+    readComponentFile(path, 3, [&](int index, const std::string& line, int lineNumber) {
       if (index == 0) {
-        if (copyText(weapon.weaponType, line)) logMessagef("%s: weapon type cut to 99 characters", path.c_str());
+        if (copyText(weapon.weaponType, line)) reportDataProblem(path, lineNumber, "weapon type cut to 99 characters");
       } else if (index == 1) {
         weapon.energyOutput = parseInt(line);
       } else {

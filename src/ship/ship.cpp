@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cstdio>
 
+#include "base/data_problems.h"
 #include "base/debug_log.h"
 #include "platform/data_file.h"
 #include "platform/data_path.h"
@@ -39,7 +40,7 @@ void cacheRotations(SDL_Surface** images, int base, SDL_Surface* source) {
 void loadRotations(SDL_Surface** images, int base, const std::string& gamePath) {
   SDL_Surface* image = IMG_Load(hostPath(gamePath).c_str());
   if (!image) {
-    logMessagef("Couldn't load %s", gamePath.c_str());
+    reportDataProblem(gamePath, 0, "Couldn't load %s", gamePath.c_str());
     return;
   }
   cacheRotations(images, base, image);
@@ -47,14 +48,20 @@ void loadRotations(SDL_Surface** images, int base, const std::string& gamePath) 
 }
 
 template <std::size_t N>
-void copyField(char (&field)[N], const std::string& line, const char* what) {
-  if (copyText(field, line)) logMessagef("Ship file: %s longer than %zu characters, cut", what, N - 1);
+void copyField(char (&field)[N], const std::string& line, const char* what, const DataFile& file,
+               const std::string& path) {
+  if (copyText(field, line)) {
+    reportDataProblem(path, file.lineNumber(), "Ship file: %s longer than %zu characters, cut", what, N - 1);
+  }
 }
 
-MarkerList readMarkers(const std::string& line, const char* what) {
+MarkerList readMarkers(const std::string& line, const char* what, const DataFile& file, const std::string& path) {
   bool dropped = false;
   MarkerList list = parseMarkerList(line, &dropped);
-  if (dropped) logMessagef("Ship file: odd number of coordinates for the %s markers; the last one dropped", what);
+  if (dropped) {
+    reportDataProblem(path, file.lineNumber(),
+                      "Ship file: odd number of coordinates for the %s markers; the last one dropped", what);
+  }
   return list;
 }
 
@@ -88,13 +95,14 @@ bool readShipFile(Ship& ship, const std::string& path) {
   bool descriptionRead = false;
   std::string line;
   while (file.nextField(line)) {
-    if (file.lastLineCut()) logMessagef("Ship file: line %d longer than 999 characters, cut", file.lineNumber());
+    if (file.lastLineCut())
+      reportDataProblem(path, file.lineNumber(), "Ship file: line longer than 999 characters, cut");
     switch (lineIndex) {
       case 0:
-        copyField(ship.shipClass, line, "class");
+        copyField(ship.shipClass, line, "class", file, path);
         break;
       case 1:
-        copyField(ship.shipType, line, "type");
+        copyField(ship.shipType, line, "type", file, path);
         break;
       case 2:
         ship.hullMax = parseInt(line);
@@ -106,8 +114,8 @@ bool readShipFile(Ship& ship, const std::string& path) {
         const int count = parseInt(line);
         hardPointsExpected = std::clamp(count, 0, maxHardPoints);
         if (hardPointsExpected != count) {
-          logMessagef("Ship file: %d hardpoints is outside 0 to %d; using %d", count, maxHardPoints,
-                      hardPointsExpected);
+          reportDataProblem(path, file.lineNumber(), "Ship file: %d hardpoints is outside 0 to %d; using %d", count,
+                            maxHardPoints, hardPointsExpected);
         }
         ship.hardPointCount = hardPointsExpected;
         for (HardPoint& hardPoint : ship.hardPoints) {
@@ -118,17 +126,17 @@ bool readShipFile(Ship& ship, const std::string& path) {
         break;
       }
       case 5:
-        ship.engineMarkers = readMarkers(line, "engine");
+        ship.engineMarkers = readMarkers(line, "engine", file, path);
         break;
       case 6:
-        ship.shieldMarkers = readMarkers(line, "shield");
+        ship.shieldMarkers = readMarkers(line, "shield", file, path);
         break;
       case 7:
-        ship.powerPlantMarkers = readMarkers(line, "power plant");
+        ship.powerPlantMarkers = readMarkers(line, "power plant", file, path);
         break;
       default:
         if (hardPointsRead < hardPointsExpected) {
-          ship.hardPoints[hardPointsRead].markers = readMarkers(line, "hardpoint");
+          ship.hardPoints[hardPointsRead].markers = readMarkers(line, "hardpoint", file, path);
           ++hardPointsRead;
         } else {
           ship.description = line;
@@ -138,6 +146,11 @@ bool readShipFile(Ship& ship, const std::string& path) {
     }
     if (descriptionRead) break;
     ++lineIndex;
+  }
+
+  if (!descriptionRead) {
+    reportDataProblem(path, 0, "Ship file: ends after %d of its %d lines; the rest keep their values", lineIndex,
+                      9 + hardPointsExpected);
   }
 
   ship.engine.engineClass = 0;
@@ -167,5 +180,5 @@ void loadShip(SDL_Surface** images, Ship& ship, const char* stem) {
   loadRotations(images, 0, ".\\Ships\\" + name + ".bmp");
   loadRotations(images, roverImageBase, ".\\Ships\\Rover.bmp");
   const std::string path = ".\\Ships\\" + name + ".txt";
-  if (!readShipFile(ship, hostPath(path))) logMessagef("Couldn't open the ship file %s", path.c_str());
+  if (!readShipFile(ship, hostPath(path))) reportDataProblem(path, 0, "Couldn't open the ship file %s", path.c_str());
 }

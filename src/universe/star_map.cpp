@@ -11,6 +11,7 @@
 #include <string_view>
 #include <vector>
 
+#include "base/data_problems.h"
 #include "base/debug_log.h"
 #include "base/game_state.h"
 #include "base/message_window.h"
@@ -58,18 +59,32 @@ void freeObject(StellarObject* object) {
   delete object;
 }
 
-// Logs what a loader skipped or changed in a data file, with the file and line it came from.
-void noteLine(const std::string& file, int line, const char* format, va_list args) {
-  char text[logLineLength];
-  std::vsnprintf(text, sizeof text, format, args);
-  logMessagef("%s line %d: %s", file.c_str(), line, text);
-}
-
 // Log lines hold 99 characters: name the file without its directory.
 std::string fileName(const char* path) {
   const std::string_view p(path);
   const std::size_t slash = p.find_last_of("/\\");
   return std::string(slash == std::string_view::npos ? p : p.substr(slash + 1));
+}
+
+bool knownClass(const char* text) {
+  for (const char* name : starClassNames) {
+    if (std::strcmp(text, name) == 0) return true;
+  }
+  return false;
+}
+
+bool colorTableNamed(const char* text) {
+  for (const char* name : colorTableNames) {
+    if (std::strcmp(text, name) == 0) return true;
+  }
+  return false;
+}
+
+bool isMineralName(const std::string& text) {
+  for (const Mineral& mineral : minerals) {
+    if (text == mineral.name) return true;
+  }
+  return false;
 }
 
 bool onMap(int column, int row) { return column >= 0 && column < starMapSize && row >= 0 && row < starMapSize; }
@@ -122,6 +137,8 @@ class StarmapReader {
       case Field::Class:
         copyField(object_->Class, line);
         if (!skippingObject_) countClass();
+        if (!knownClass(object_->Class))
+          note("class '%s' is none of the ten known; drawn as a black hole", object_->Class);
         field_ = Field::Eco;
         break;
       case Field::Eco:
@@ -135,6 +152,7 @@ class StarmapReader {
           note("negative number of planets %d read as 0", count);
           count = 0;
         }
+        if (count > maxPlanets) note("%d planets on %d lanes; some lane is given twice", count, maxPlanets);
         object_->NumOfPlanets = count;
         field_ = count == 0 ? Field::Column : Field::Lane;
         break;
@@ -179,12 +197,16 @@ class StarmapReader {
         break;
       case Field::Hydro:
         copyField(planet_->Hydro, line);
+        if (std::strcmp(planet_->Hydro, "None") != 0 && !colorTableNamed(planet_->Hydro)) {
+          note("hydrosphere '%s' has no colour table; its surface is drawn grey", planet_->Hydro);
+        }
         field_ = Field::Litho0;
         break;
       case Field::Litho0:
       case Field::Litho1:
       case Field::Litho2:
         copyField(planet_->Litho[static_cast<int>(field_) - static_cast<int>(Field::Litho0)], line);
+        if (!isMineralName(line)) note("lithosphere '%s' is none of the 22 minerals; read as Lead", line.c_str());
         field_ = static_cast<Field>(static_cast<int>(field_) + 1);
         break;
       case Field::Weather:
@@ -204,11 +226,19 @@ class StarmapReader {
     note("line longer than %d characters cut", static_cast<int>(DataFile::maxLineLength));
   }
 
+  // A file that stops inside a record leaves that record partly read.
+  void finish() {
+    if (field_ == Field::Column) return;
+    lineNumber_ = 0;
+    note("the file ends inside the object at %d, %d; its last fields stay empty", object_ ? object_->x : column_,
+         object_ ? object_->y : 0);
+  }
+
  private:
   __attribute__((format(printf, 2, 3))) void note(const char* format, ...) {
     va_list args;
     va_start(args, format);
-    noteLine(name_, lineNumber_, format, args);
+    reportDataProblemV(name_, lineNumber_, format, args);
     va_end(args);
   }
 
@@ -230,6 +260,7 @@ class StarmapReader {
       StarMapCell& cell = map_[column_][row];
       if (cell.object) {
         logMessagef("Stellar object already exists at %d, %d", column_, row);
+        note("a second object at %d, %d replaces the first", column_, row);
         freeObject(cell.object);
         cell.object = nullptr;
       } else {
@@ -261,6 +292,7 @@ class StarmapReader {
     }
     starMapCounts.totalPlanets += 1;
     // A repeated lane replaces the planet already there.
+    if (object_->Planets[lane]) note("lane %d is given twice; the second planet replaces the first", lane);
     freePlanet(object_->Planets[lane]);
     object_->Planets[lane] = new Planet;
     planet_ = object_->Planets[lane];
@@ -305,7 +337,7 @@ SDL_Surface* loadStarBitmap(const char* gamePath) {
   const std::string path = hostPath(gamePath);
   SDL_Surface* loaded = IMG_Load(path.c_str());
   if (!loaded) {
-    logMessagef("Can't load star image %s", path.c_str());
+    reportDataProblem(path, 0, "Can't load star image %s", path.c_str());
     return nullptr;
   }
   SDL_Surface* plain = toPlainRGB(loaded);
@@ -370,11 +402,19 @@ class ColorTableReader {
     note("line longer than %d characters cut", static_cast<int>(DataFile::maxLineLength));
   }
 
+  // Tables the file never completed keep black in their unfilled slots.
+  void finish() {
+    if (table_ >= colorTableCount) return;
+    lineNumber_ = 0;
+    note("only %d of the %d colour tables complete; '%s' is short of %d colours", table_, colorTableCount,
+         colorTableNames[table_], 256 - stored_);
+  }
+
  private:
   __attribute__((format(printf, 2, 3))) void note(const char* format, ...) {
     va_list args;
     va_start(args, format);
-    noteLine(name_, lineNumber_, format, args);
+    reportDataProblemV(name_, lineNumber_, format, args);
     va_end(args);
   }
 
@@ -481,7 +521,7 @@ void loadStarmapFile(StarMap& map, const char* path) {
   starMapCounts = StarMapCounts{};
   DataFile file(path);
   if (!file.isOpen()) {
-    logMessagef("Can't open %s; the star map stays empty", path);
+    reportDataProblem(fileName(path), 0, "Can't open %s; the star map stays empty", path);
   } else {
     StarmapReader reader(map, fileName(path));
     std::string line;
@@ -489,6 +529,7 @@ void loadStarmapFile(StarMap& map, const char* path) {
       if (file.lastLineCut()) reader.noteCutLine(file.lineNumber());
       reader.read(line, file.lineNumber());
     }
+    reader.finish();
   }
   const int* c = starMapCounts.classCounts;
   logMessagef("Total stars: %d, Total planets: %d", starMapCounts.totalStars, starMapCounts.totalPlanets);
@@ -512,7 +553,7 @@ void loadPlanetColors(const char* path) {
   DataFile file(path);
   logMessage("Loading Planet Color");
   if (!file.isOpen()) {
-    logMessagef("Can't open %s; the planet colour tables stay empty", path);
+    reportDataProblem(fileName(path), 0, "Can't open %s; the planet colour tables stay empty", path);
     return;
   }
   ColorTableReader reader(fileName(path));
@@ -521,6 +562,7 @@ void loadPlanetColors(const char* path) {
     if (file.lastLineCut()) reader.noteCutLine(file.lineNumber());
     reader.read(line, file.lineNumber());
   }
+  reader.finish();
 }
 
 void loadStarmap(StarMap& map) {

@@ -39,11 +39,40 @@ TEST(CommandLine, RejectsBadInputWithAReason) {
       {{"--seed", ""}, "--seed takes a whole number"},
       {{"--data", ""}, "--data needs a directory"},
       {{"--script"}, "--script needs a value"},
+      {{"--scale"}, "--scale needs a value"},
+      {{"--scale", "0"}, "--scale takes a whole number from 1 to 4"},
+      {{"--scale", "5"}, "--scale takes a whole number from 1 to 4"},
+      {{"--scale", "2.5"}, "--scale takes a whole number from 1 to 4"},
+      {{"--scale", "-2"}, "--scale takes a whole number from 1 to 4"},
   };
   for (const auto& c : cases) {
     Options options;
     std::string error;
     EXPECT_FALSE(parse(c.args, options, error)) << c.args[0];
     EXPECT_NE(error.find(c.mentions), std::string::npos) << error;
+  }
+}
+
+TEST(CommandLine, ScaleAndCheck) {
+  const struct {
+    std::vector<const char*> args;
+    int scale;
+    bool check;
+  } cases[] = {
+      {{}, 1, false},
+      {{"--scale", "1"}, 1, false},
+      {{"--scale", "4", "--check"}, 4, true},
+      {{"--check", "--data", "d"}, 1, true},
+  };
+  for (const auto& c : cases) {
+    Options options;
+    std::string error;
+    ASSERT_TRUE(parse(c.args, options, error)) << error;
+    EXPECT_EQ(options.scale, c.scale);
+    EXPECT_EQ(options.check, c.check);
+  }
+  const std::string usage = usageText();
+  for (const char* option : {"--scale N", "--check", "--data DIR"}) {
+    EXPECT_NE(usage.find(option), std::string::npos) << option;
   }
 }
