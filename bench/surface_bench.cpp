@@ -92,7 +92,12 @@ void BM_SurfaceFrame(benchmark::State& state) {
   state.counters["deposits"] = static_cast<double>(p.deposits.size());
   leavePlanet();
 }
-BENCHMARK(BM_SurfaceFrame)->Arg(100)->Arg(9999)->Unit(benchmark::kMicrosecond)->Repetitions(5)->ReportAggregatesOnly(true);
+BENCHMARK(BM_SurfaceFrame)
+    ->Arg(100)
+    ->Arg(9999)
+    ->Unit(benchmark::kMicrosecond)
+    ->Repetitions(5)
+    ->ReportAggregatesOnly(true);
 
 void BM_OrbitFrameWithDeposits(benchmark::State& state) {
   readyToLand();
@@ -117,7 +122,12 @@ void BM_SurfaceView(benchmark::State& state) {
     drawSurfaceView(screen, &p.planet, 255, 0, 0, 0, p.deposits);
   }
 }
-BENCHMARK(BM_SurfaceView)->Arg(100)->Arg(9999)->Unit(benchmark::kMicrosecond)->Repetitions(5)->ReportAggregatesOnly(true);
+BENCHMARK(BM_SurfaceView)
+    ->Arg(100)
+    ->Arg(9999)
+    ->Unit(benchmark::kMicrosecond)
+    ->Repetitions(5)
+    ->ReportAggregatesOnly(true);
 
 // The rover view done word for word: the whole deposit list walked for each
 // tile, the collection test inside the walk. Here only to be compared with.

@@ -3,11 +3,13 @@
 #include <SDL_gfxPrimitives.h>
 
 #include <algorithm>
+#include <unordered_map>
 #include <vector>
 
 #include "base/debug_log.h"
 #include "base/message_window.h"
 #include "platform/random.h"
+#include "platform/surface_ptr.h"
 #include "ship/ship.h"
 #include "surface/surface_map.h"
 #include "surface/terrain.h"
@@ -37,36 +39,118 @@ bool onMap(const MineralDeposit& d) { return d.x >= 0 && d.x < terrainWidth && d
 struct ViewIndex {
   std::array<int, viewColumns * viewRows + 1> start{};
   std::vector<int> order;
-  std::vector<int> tileOf;
+  std::vector<std::pair<int, int>> inView;  // (deposit, tile) in list order
 
   void build(const MineralDepositList& deposits, int X, int Y) {
     start.fill(0);
-    tileOf.assign(deposits.size(), -1);
+    inView.clear();
+    const int left = X - viewColumns / 2, top = Y - viewRows / 2;
     for (std::size_t i = 0; i < deposits.size(); ++i) {
       const MineralDeposit& d = deposits[i];
       if (!onMap(d)) continue;
-      const int a = wrap(d.x - X + viewColumns / 2, terrainWidth);
-      const int b = wrap(d.y - Y + viewRows / 2, terrainHeight);
-      if (a >= viewColumns || b >= viewRows) continue;
-      tileOf[i] = a * viewRows + b;
-      start[tileOf[i] + 1] += 1;
+      // Both lie within one map width (or height) of the view's corner.
+      int a = d.x - left;
+      if (a < 0) a += terrainWidth;
+      if (a >= terrainWidth) a -= terrainWidth;
+      if (a >= viewColumns) continue;
+      int b = d.y - top;
+      if (b < 0) b += terrainHeight;
+      if (b >= terrainHeight) b -= terrainHeight;
+      if (b >= viewRows) continue;
+      const int tile = a * viewRows + b;
+      inView.emplace_back(static_cast<int>(i), tile);
+      start[tile + 1] += 1;
     }
     for (std::size_t t = 1; t < start.size(); ++t) start[t] += start[t - 1];
-    order.assign(start.back(), 0);
+    order.assign(inView.size(), 0);
     std::array<int, viewColumns * viewRows> fill{};
-    for (std::size_t i = 0; i < deposits.size(); ++i) {
-      if (tileOf[i] < 0) continue;
-      order[start[tileOf[i]] + fill[tileOf[i]]++] = static_cast<int>(i);
-    }
+    for (const auto& [index, tile] : inView) order[start[tile] + fill[tile]++] = index;
   }
 };
 
 ViewIndex viewIndex;
 
-void drawDepositMarker(SDL_Surface* view, int cx, int cy, std::uint8_t kind) {
+void drawDepositMarkerShapes(SDL_Surface* view, int cx, int cy, std::uint8_t kind) {
   filledCircleColor(view, cx, cy, 4, mineralColor(kind, 128));
   circleRGBA(view, cx, cy, 4, 128, 128, 128, 128);
   circleColor(view, cx, cy, 3, mineralColor(kind, 255));
+}
+
+// A marker covers the 9 x 9 pixels around its tile's centre. On a plain tile
+// (every landed frame: the boxes are opaque) what it leaves depends only on
+// the tile's pixel and the mineral, so each such pair is drawn once with the
+// library's own circles on a scratch block and copied from then on: a view
+// full of deposits costs 630 small copies instead of 1,890 blended circles.
+constexpr int markerSize = 9;
+using MarkerBlock = std::array<Uint32, markerSize * markerSize>;
+
+struct MarkerCache {
+  std::unordered_map<std::uint64_t, MarkerBlock> blocks;
+  SurfacePtr scratch;
+  Uint32 formatKey[4] = {};
+
+  const MarkerBlock* find(SDL_Surface* view, Uint32 under, std::uint8_t kind) {
+    const SDL_PixelFormat* f = view->format;
+    if (!scratch || formatKey[0] != f->Rmask || formatKey[1] != f->Gmask || formatKey[2] != f->Bmask ||
+        formatKey[3] != f->Amask) {
+      blocks.clear();
+      scratch.reset(
+          SDL_CreateRGBSurface(SDL_SWSURFACE, markerSize, markerSize, 32, f->Rmask, f->Gmask, f->Bmask, f->Amask));
+      if (!scratch) return nullptr;
+      formatKey[0] = f->Rmask, formatKey[1] = f->Gmask, formatKey[2] = f->Bmask, formatKey[3] = f->Amask;
+    }
+    const std::uint64_t key = (std::uint64_t{under} << 8) | kind;
+    if (auto it = blocks.find(key); it != blocks.end()) return &it->second;
+    if (blocks.size() > 8192) blocks.clear();  // many planets later; start over rather than grow
+    SDL_FillRect(scratch.get(), nullptr, under);
+    drawDepositMarkerShapes(scratch.get(), markerSize / 2, markerSize / 2, kind);
+    MarkerBlock block;
+    for (int y = 0; y < markerSize; ++y)
+      for (int x = 0; x < markerSize; ++x) block[y * markerSize + x] = pixelAt(scratch.get(), x, y);
+    return &blocks.emplace(key, block).first->second;
+  }
+
+  static Uint32& pixelAt(SDL_Surface* s, int x, int y) {
+    return *reinterpret_cast<Uint32*>(static_cast<Uint8*>(s->pixels) + y * s->pitch + x * 4);
+  }
+};
+
+MarkerCache markerCache;
+
+// The block under a marker centred at (cx, cy), clipped to the view; whether it
+// is one plain pixel value, and which.
+bool plainUnder(SDL_Surface* view, int cx, int cy, Uint32& under) {
+  const int r = markerSize / 2;
+  const int x0 = std::max(cx - r, 0), x1 = std::min(cx + r, view->w - 1);
+  const int y0 = std::max(cy - r, 0), y1 = std::min(cy + r, view->h - 1);
+  if (x0 > x1 || y0 > y1) return false;
+  under = MarkerCache::pixelAt(view, x0, y0);
+  for (int y = y0; y <= y1; ++y)
+    for (int x = x0; x <= x1; ++x)
+      if (MarkerCache::pixelAt(view, x, y) != under) return false;
+  return true;
+}
+
+void drawDepositMarker(SDL_Surface* view, int cx, int cy, std::uint8_t kind) {
+  Uint32 under = 0;
+  const MarkerBlock* block = nullptr;
+  if (view->format->BytesPerPixel == 4 && !SDL_MUSTLOCK(view) && view->clip_rect.x == 0 && view->clip_rect.y == 0 &&
+      view->clip_rect.w == view->w && view->clip_rect.h == view->h && plainUnder(view, cx, cy, under)) {
+    block = markerCache.find(view, under, kind);
+  }
+  if (!block) {
+    drawDepositMarkerShapes(view, cx, cy, kind);
+    return;
+  }
+  const int r = markerSize / 2;
+  for (int y = 0; y < markerSize; ++y) {
+    const int vy = cy - r + y;
+    if (vy < 0 || vy >= view->h) continue;
+    for (int x = 0; x < markerSize; ++x) {
+      const int vx = cx - r + x;
+      if (vx >= 0 && vx < view->w) MarkerCache::pixelAt(view, vx, vy) = (*block)[y * markerSize + x];
+    }
+  }
 }
 
 void blitRover(SDL_Surface* view, int headingIndex) {

@@ -69,6 +69,12 @@ void drawSiteMarker(SDL_Surface* screen) {
 void plotDot(SDL_Surface* s, int cx, int cy, Uint32 pixel) {
   static constexpr int offsets[5][2] = {{0, -1}, {-1, 0}, {0, 0}, {1, 0}, {0, 1}};
   const SDL_Rect& clip = s->clip_rect;
+  if (cx > clip.x && cy > clip.y && cx + 1 < clip.x + clip.w && cy + 1 < clip.y + clip.h) {
+    Uint32* centre = reinterpret_cast<Uint32*>(static_cast<Uint8*>(s->pixels) + cy * s->pitch) + cx;
+    const int row = s->pitch / 4;
+    centre[-row] = centre[-1] = centre[0] = centre[1] = centre[row] = pixel;
+    return;
+  }
   for (const auto& o : offsets) {
     const int x = cx + o[0], y = cy + o[1];
     if (x < clip.x || y < clip.y || x >= clip.x + clip.w || y >= clip.y + clip.h) continue;

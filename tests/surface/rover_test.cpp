@@ -1,6 +1,8 @@
 // The rover: its close view read back from the screen, collection into its
 // hold, the wrap at the map's edges, the landing sequence with its exhaust,
 // and the whole descent and launch through the orbit and surface frames.
+#include "surface/rover.h"
+
 #include <SDL_gfxPrimitives.h>
 #include <gtest/gtest.h>
 
@@ -17,7 +19,6 @@
 #include "shell/mode_frames.h"
 #include "ship/ship.h"
 #include "support/test_support.h"
-#include "surface/rover.h"
 #include "surface/surface_map.h"
 #include "surface/terrain.h"
 #include "ui/font_builder.h"
@@ -121,13 +122,63 @@ TEST_F(RoverTest, ViewDrawsTilesAndDepositsAroundTheRover) {
   EXPECT_EQ(landingSite.y, 1);
 }
 
+// The view word for word: every tile walks the whole list. The quick view must
+// leave exactly these pixels on the screen.
+void literalView(SDL_Surface* view, SDL_Surface* target, const MineralDepositList& deposits, int px, int py) {
+  const int X = px / 10, Y = py / 10, rx = px % 10, ry = py % 10;
+  for (int a = 0; a < 30; ++a) {
+    for (int b = 0; b < 21; ++b) {
+      const int cx = (X + a - 15 + 360) % 360, cy = (Y + b - 10 + 180) % 180;
+      const Uint32 shade = terrain.cells[cx * 180 + cy] << 8;
+      boxColor(view, 10 * a - rx, 10 * b - ry, 10 * a + 10 - rx, 10 * b + 10 - ry, (shade << 8) | 255);
+      for (const MineralDeposit& d : deposits) {
+        if (d.x != cx || d.y != cy || d.amount == 0) continue;
+        filledCircleColor(view, 10 * a + 5 - rx, 10 * b + 5 - ry, 4, mineralColor(d.kind, 128));
+        circleRGBA(view, 10 * a + 5 - rx, 10 * b + 5 - ry, 4, 128, 128, 128, 128);
+        circleColor(view, 10 * a + 5 - rx, 10 * b + 5 - ry, 3, mineralColor(d.kind, 255));
+      }
+    }
+  }
+  if (SDL_Surface* rover = shipImages[72]) {
+    SDL_Rect at{140, 87, 0, 0};
+    SDL_BlitSurface(rover, nullptr, view, &at);
+  }
+  SDL_Rect source{10, 10, 280, 190}, dest{10, 310, 0, 0};
+  SDL_BlitSurface(view, &source, target, &dest);
+}
+
+TEST_F(RoverTest, QuickViewDrawsWhatTheWholeListWalkDraws) {
+  seedRandom(5);
+  for (auto& cell : terrain.cells) cell = static_cast<std::uint8_t>(nextRandom() % 256);
+  MineralDepositList deposits;
+  for (int x = 0; x < 360; ++x)
+    for (int y = 0; y < 180; ++y)
+      if (nextRandom() % 3 == 0)
+        deposits.push_back({x, y, static_cast<std::uint8_t>(nextRandom() % 22), (nextRandom() % 1000) / 100.0f});
+  deposits.push_back({3, 176, 4, 1.0f});  // a second deposit in a cell, drawn over the first
+  const SDL_PixelFormat* f = surfaceWorkSurface->format;
+  const SurfacePtr view(SDL_CreateRGBSurface(SDL_SWSURFACE, 300, 210, 32, f->Rmask, f->Gmask, f->Bmask, f->Amask));
+  const SurfacePtr want = blankSurface(800, 600);
+  const SurfacePoint places[] = {{1803, 907}, {7, 1789}, {3589, 3}, {34, 1764}};
+  for (const SurfacePoint& at : places) {
+    roverPosition = at;
+    playerShip.roverHoldFree = 0.0f;  // nothing collected: both draw the same list
+    drawSurfaceView(screen, &planet, 255, 0, 0, 0, deposits);
+    literalView(view.get(), want.get(), deposits, at.x, at.y);
+    int differing = 0;
+    for (int y = 310; y < 500; ++y)
+      for (int x = 10; x < 290; ++x) differing += pixelRGB(screen, x, y) != pixelRGB(want.get(), x, y);
+    EXPECT_EQ(differing, 0) << at.x << "," << at.y;
+  }
+}
+
 TEST_F(RoverTest, DrivingWrapsAtTheEdgesOfTheMap) {
   const struct {
     SurfacePoint from;
     int dx, dy;
     SurfacePoint to;
-  } cases[] = {{{1, 900}, 2, 0, {3590, 900}},    {{1800, 1}, 0, 3, {1800, 1790}}, {{3589, 5}, -2, 0, {0, 5}},
-               {{10, 1789}, 0, -2, {10, 0}},     {{1800, 900}, 3, -2, {1797, 902}}, {{0, 0}, 0, 0, {0, 0}}};
+  } cases[] = {{{1, 900}, 2, 0, {3590, 900}}, {{1800, 1}, 0, 3, {1800, 1790}},   {{3589, 5}, -2, 0, {0, 5}},
+               {{10, 1789}, 0, -2, {10, 0}},  {{1800, 900}, 3, -2, {1797, 902}}, {{0, 0}, 0, 0, {0, 0}}};
   for (const auto& c : cases) {
     roverPosition = c.from;
     MineralDepositList none;

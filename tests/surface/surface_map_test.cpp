@@ -1,6 +1,8 @@
 // The surface map: the terrain pixels and the site marker read back from the
 // screen, coordinates and their read-outs, site choice by mouse and by key,
 // and the deposit dots.
+#include "surface/surface_map.h"
+
 #include <SDL_gfxPrimitives.h>
 #include <gtest/gtest.h>
 
@@ -13,7 +15,6 @@
 #include "shell/input.h"
 #include "ship/ship.h"
 #include "support/test_support.h"
-#include "surface/surface_map.h"
 #include "surface/terrain.h"
 #include "ui/bitmap_font.h"
 #include "ui/font_builder.h"
@@ -64,8 +65,8 @@ TEST_F(SurfaceMapTest, ScanCoordinatesFollowTheMouseAndStopAtTheEdges) {
   const struct {
     int mx, my;
     const char* text;
-  } cases[] = {{25, 20, "90'N 180'W"},  {205, 110, "0'S 0'E"},   {384, 199, "89'S 179'E"}, {0, 0, "90'N 180'W"},
-               {799, 599, "89'S 179'E"}, {204, 109, "1'N 1'W"}, {300, 60, "50'N 95'E"},  {100, 150, "40'S 105'W"}};
+  } cases[] = {{25, 20, "90'N 180'W"},   {205, 110, "0'S 0'E"}, {384, 199, "89'S 179'E"}, {0, 0, "90'N 180'W"},
+               {799, 599, "89'S 179'E"}, {204, 109, "1'N 1'W"}, {300, 60, "50'N 95'E"},   {100, 150, "40'S 105'W"}};
   for (const auto& c : cases) {
     trackScanCursor(c.mx, c.my);
     EXPECT_EQ(coordinateText(scanCursor.x, scanCursor.y), c.text) << c.mx << "," << c.my;
@@ -117,8 +118,8 @@ TEST_F(SurfaceMapTest, MovingTheSiteByKeyStopsAtTheEdges) {
     SurfacePoint from;
     int direction;
     SurfacePoint to;
-  } cases[] = {{{10, 10}, 0, {9, 10}},    {{10, 10}, 1, {10, 9}},    {{10, 10}, 2, {11, 10}},
-               {{10, 10}, 3, {10, 11}},   {{0, 0}, 0, {0, 0}},       {{0, 0}, 1, {0, 0}},
+  } cases[] = {{{10, 10}, 0, {9, 10}},      {{10, 10}, 1, {10, 9}},      {{10, 10}, 2, {11, 10}},
+               {{10, 10}, 3, {10, 11}},     {{0, 0}, 0, {0, 0}},         {{0, 0}, 1, {0, 0}},
                {{359, 179}, 2, {359, 179}}, {{200, 179}, 3, {200, 179}}, {{10, 10}, 7, {10, 10}}};
   for (const auto& c : cases) {
     landingSite = c.from;
@@ -220,7 +221,8 @@ TEST_F(SurfaceMapTest, LegendScaleAndMinerals) {
   const struct {
     int x, y, font;
     const char* name;
-  } names[] = {{35, 245, 3, "Cobalt"}, {35, 230, 2, "Iron"}, {115, 230, 3, "Molybdenum"}, {115, 245, 2, "Tin"}, {230, 215, 3, "Titanium"}, {350, 215, 2, "Tungsten"}};
+  } names[] = {{35, 245, 3, "Cobalt"}, {35, 230, 2, "Iron"},      {115, 230, 3, "Molybdenum"},
+               {115, 245, 2, "Tin"},   {230, 215, 3, "Titanium"}, {350, 215, 2, "Tungsten"}};
   for (const auto& n : names) {
     SurfacePtr ref = blankSurface(800, 600);
     printString(ref.get(), fontTable.fonts[n.font], n.x, n.y, "%s", n.name);
