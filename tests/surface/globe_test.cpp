@@ -1,3 +1,5 @@
+#include "surface/globe.h"
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -10,7 +12,6 @@
 #include "base/screen.h"
 #include "platform/random.h"
 #include "support/test_support.h"
-#include "surface/globe.h"
 #include "surface/terrain.h"
 #include "universe/navigation.h"
 #include "universe/orbit_view.h"

@@ -1,3 +1,5 @@
+#include "surface/terrain.h"
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -6,7 +8,6 @@
 #include <vector>
 
 #include "platform/random.h"
-#include "surface/terrain.h"
 
 namespace {
 
@@ -98,8 +99,9 @@ TEST(TerrainTest, RandomOffsetCoversTheRangeAndClampByteLimits) {
 
 // The smoothing written the plain way, cell by cell with wrapped neighbours.
 void plainSmooth(Terrain& map) {
-  static const int k[7][7] = {{1, 1, 2, 2, 2, 1, 1}, {1, 2, 2, 4, 2, 2, 1}, {2, 2, 4, 8, 4, 2, 2}, {2, 4, 8, 16, 8, 4, 2},
-                              {2, 2, 4, 8, 4, 2, 2}, {1, 2, 2, 4, 2, 2, 1}, {1, 1, 2, 2, 2, 1, 1}};
+  static const int k[7][7] = {{1, 1, 2, 2, 2, 1, 1},  {1, 2, 2, 4, 2, 2, 1}, {2, 2, 4, 8, 4, 2, 2},
+                              {2, 4, 8, 16, 8, 4, 2}, {2, 2, 4, 8, 4, 2, 2}, {1, 2, 2, 4, 2, 2, 1},
+                              {1, 1, 2, 2, 2, 1, 1}};
   for (int x = 0; x < 360; ++x)
     for (int y = 0; y < 180; ++y) {
       int s = 0;

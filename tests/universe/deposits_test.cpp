@@ -56,8 +56,8 @@ TEST(DepositsTest, DensityDecidesHowManyPointsCarryOne) {
   };
   // 0 still keeps the points where rand() mod 10,000 is exactly 0; 9,999 and more take every point.
   // rand() tops out at 32,767, so remainders up to 2,767 come a third more often.
-  for (const Case& c : {Case{9999, 64800, 64800}, Case{20000, 64800, 64800}, Case{0, 0, 30}, Case{-1, 0, 0},
-                        Case{100, 700, 950}}) {
+  for (const Case& c :
+       {Case{9999, 64800, 64800}, Case{20000, 64800, 64800}, Case{0, 0, 30}, Case{-1, 0, 0}, Case{100, 700, 950}}) {
     const Planet p = planetWith(97001, c.density, "Iron", "Iron", "Iron");
     MineralDepositList list;
     const int n = generateMineralDeposits(list, &p);
