@@ -68,7 +68,8 @@ TEST(PlanetsEndToEnd, HomePlanetsAreDetectedAndDrawnInTheirSquares) {
   ASSERT_EQ(flown.status, 0) << flown.err;
   for (int lane : homeLanes)
     EXPECT_NE(flown.out.find("Planet detected at lane: " + std::to_string(lane)), std::string::npos) << lane;
-  for (int lane : {3, 6, 8}) EXPECT_EQ(flown.out.find("Planet detected at lane: " + std::to_string(lane)), std::string::npos);
+  for (int lane : {3, 6, 8})
+    EXPECT_EQ(flown.out.find("Planet detected at lane: " + std::to_string(lane)), std::string::npos);
   std::vector<int> angles;
   for (const std::string& state : stateLines(flown.out))
     if (stateNumber(state, "mode") == 1) {
