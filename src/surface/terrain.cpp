@@ -30,16 +30,27 @@ class Grid {
   std::vector<std::uint8_t> cells_;
 };
 
-// The neighbours' sum is read before the one random draw of the point.
-int displaced(int sum, int range) { return clampByte(sum / 4 + randomOffset(range)); }
+// randomOffset with the range known when compiling, which spares a division per point.
+template <int m>
+int offsetIn() {
+  const int r = nextRandom() % m;
+  return r > m / 2 ? r - m : r;
+}
 
-void displacePass(Grid& g, int n, int s, int m) {
-  const int h = s / 2;
+// Pass k (1 to 9): 2^(k-1) squares a side, range 255 / k. Every neighbour is
+// read before the point's one random draw.
+template <int k>
+void displacePass(Grid& g) {
+  constexpr int n = 1 << (k - 1);
+  constexpr int s = gridLast / n;
+  constexpr int m = 255 / k;
+  constexpr int h = s / 2;
+  auto displaced = [](int sum) { return clampByte(sum / 4 + offsetIn<m>()); };
   for (int i = 0; i < n; ++i) {
     for (int j = 0; j < n; ++j) {
       const int a =
           g.at(j * s, i * s) + g.at((j + 1) * s, i * s) + g.at(j * s, (i + 1) * s) + g.at((j + 1) * s, (i + 1) * s);
-      g.set(j * s + h, i * s + h, displaced(a, m));
+      g.set(j * s + h, i * s + h, displaced(a));
     }
   }
   for (int i = 0; i < n; ++i) {
@@ -49,14 +60,14 @@ void displacePass(Grid& g, int n, int s, int m) {
       const int belowRow = j == n - 1 ? h : (j + 1) * s + h;
       const int b = g.at(centreRow, centreColumn) + g.at(belowRow, centreColumn) + g.at((j + 1) * s, i * s) +
                     g.at((j + 1) * s, (i + 1) * s);
-      const int lower = displaced(b, m);
+      const int lower = displaced(b);
       g.set((j + 1) * s, centreColumn, lower);
       if (j == n - 1) g.set(0, centreColumn, lower);
       // Right edge; the last column of squares takes the first column's centre as the one to the right.
       const int rightColumn = i == n - 1 ? h : (i + 1) * s + h;
       const int d = g.at(j * s, (i + 1) * s) + g.at((j + 1) * s, (i + 1) * s) + g.at(centreRow, centreColumn) +
                     g.at(centreRow, rightColumn);
-      const int right = displaced(d, m);
+      const int right = displaced(d);
       g.set(centreRow, (i + 1) * s, right);
       if (i == n - 1) g.set(centreRow, 0, right);
     }
@@ -85,10 +96,8 @@ int clampByte(int v) { return v < 0 ? 0 : (v > 255 ? 255 : v); }
 std::vector<std::uint8_t> heightField(std::int32_t seed) {
   seedRandom(static_cast<unsigned int>(seed));
   Grid g;
-  for (int k = 1; k <= passes; ++k) {
-    const int n = 1 << (k - 1);
-    displacePass(g, n, gridLast / n, 255 / k);
-  }
+  [&]<int... k>(std::integer_sequence<int, k...>) { (displacePass<k + 1>(g), ...); }
+  (std::make_integer_sequence<int, passes>{});
   return g.release();
 }
 
@@ -112,36 +121,42 @@ void generateTerrain(Terrain& map, std::int32_t seed) {
 void smoothTerrain(Terrain& map) {
   // The smoothing works in place, so cells already smoothed feed later ones.
   // While column x is smoothed its six neighbouring columns do not change:
-  // their part of every sum is taken at once from wrapped copies, and only the
-  // column's own part is summed cell by cell from the live values.
+  // their part of every sum is taken at once from wrapped copies (the kernel's
+  // columns -d and +d have the same weights), and only the column's own part is
+  // summed cell by cell from its live values.
   constexpr int pad = 3;
   constexpr int padded = terrainHeight + 2 * pad;
-  std::array<std::array<int, padded>, 7> columns{};
-  std::array<int, terrainHeight> others{};
-  for (int x = 0; x < terrainWidth; ++x) {
-    for (int dx = -3; dx <= 3; ++dx) {
-      if (dx == 0) continue;
-      const int cx = (x + dx + terrainWidth) % terrainWidth;
-      auto& column = columns[static_cast<std::size_t>(dx + 3)];
-      for (int k = 0; k < padded; ++k)
-        column[static_cast<std::size_t>(k)] = cell(map, cx, (k - pad + terrainHeight) % terrainHeight);
+  auto copyColumn = [&](int x, int* out) {
+    const std::uint8_t* c = &map.cells[x * terrainHeight];
+    for (int y = 0; y < terrainHeight; ++y) out[y + pad] = c[y];
+    for (int k = 0; k < pad; ++k) {
+      out[k] = c[terrainHeight - pad + k];
+      out[terrainHeight + pad + k] = c[k];
     }
-    others.fill(0);
-    for (int dx = -3; dx <= 3; ++dx) {
-      if (dx == 0) continue;
-      const auto& column = columns[static_cast<std::size_t>(dx + 3)];
-      const int* w = kernel[dx + 3];
-      for (int y = 0; y < terrainHeight; ++y) {
-        int sum = 0;
-        for (int dy = 0; dy < 7; ++dy) sum += w[dy] * column[static_cast<std::size_t>(y + dy)];
-        others[static_cast<std::size_t>(y)] += sum;
+  };
+  alignas(32) int left[padded], right[padded], live[padded], others[terrainHeight];
+  for (int x = 0; x < terrainWidth; ++x) {
+    for (int y = 0; y < terrainHeight; ++y) others[y] = 0;
+    for (int d = 1; d <= 3; ++d) {
+      copyColumn((x - d + terrainWidth) % terrainWidth, left);
+      copyColumn((x + d) % terrainWidth, right);
+      const int* w = kernel[3 + d];
+      for (int dy = 0; dy < 7; ++dy) {
+        const int weight = w[dy];
+        for (int y = 0; y < terrainHeight; ++y) others[y] += weight * (left[y + dy] + right[y + dy]);
       }
     }
+    copyColumn(x, live);
     const int* w = kernel[3];
+    std::uint8_t* column = &map.cells[x * terrainHeight];
     for (int y = 0; y < terrainHeight; ++y) {
-      int sum = others[static_cast<std::size_t>(y)];
-      for (int dy = -3; dy <= 3; ++dy) sum += w[dy + 3] * cell(map, x, (y + dy + terrainHeight) % terrainHeight);
-      cell(map, x, y) = static_cast<std::uint8_t>(sum / kernelSum);
+      int sum = others[y];
+      for (int dy = 0; dy < 7; ++dy) sum += w[dy] * live[y + dy];
+      const int value = sum / kernelSum;
+      column[y] = static_cast<std::uint8_t>(value);
+      live[y + pad] = value;
+      // The last rows read the first ones across the south edge, smoothed by then.
+      if (y < pad) live[terrainHeight + pad + y] = value;
     }
   }
 }
