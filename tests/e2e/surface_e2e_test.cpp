@@ -51,7 +51,9 @@ float sum(const std::vector<float>& v) {
   return s;
 }
 
-float number(const std::string& state, const char* name) { return std::strtof(stateField(state, name).c_str(), nullptr); }
+float number(const std::string& state, const char* name) {
+  return std::strtof(stateField(state, name).c_str(), nullptr);
+}
 
 // The saved game of the data directory, in orbit around the given planet.
 std::string orbitSave(const RichPlanet& p) {
@@ -83,8 +85,9 @@ TEST(SurfaceEndToEnd, SweepLandDriveCollectAndLaunch) {
   script += "at 0 state\n";
   script += clickRow(1, 1) + clickRow(10, 0);  // Science, Sensors
   script += "at 60 state\n";
-  script += clickRow(62, 4) + clickRow(71, 0) + clickRow(80, 0) + clickRow(89, 0);  // Bridge, Captain, Land, Select Site
-  script += "at 98 mouse move 125 80\nat 101 mouse down\nat 104 mouse up\n";        // the site: cell (100, 60)
+  script +=
+      clickRow(62, 4) + clickRow(71, 0) + clickRow(80, 0) + clickRow(89, 0);  // Bridge, Captain, Land, Select Site
+  script += "at 98 mouse move 125 80\nat 101 mouse down\nat 104 mouse up\n";  // the site: cell (100, 60)
   script += "at 106 state\n";
   // Select Site holds the command window still: click it off, then Descent.
   script += "at 108 mouse move 600 270\nat 111 mouse down\nat 114 mouse up\n" + clickRow(117, 1);
