@@ -14,9 +14,13 @@
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <set>
 #include <string>
 #include <vector>
+
+#include "universe/planet.h"
+#include "universe/star_map.h"
 
 namespace {
 
@@ -66,8 +70,8 @@ class Generator {
 
 enum StarClass { M, K, G, F, A, B, O, WhiteDwarf, NeutronStar, BlackHole, classCount };
 
-const std::array<const char*, classCount> classTexts = {
-    "M", "K", "G", "F", "A", "B", "O", "White Drawf", "Neutron Star", "Black Hole"};
+// The game's class texts (starClassNames) come in the same order.
+static_assert(classCount == starClassCount);
 
 // How often each class turns up, per thousand stars.
 constexpr std::array<int, classCount> oldClusterMix = {600, 160, 95, 50, 28, 10, 3, 45, 6, 3};
@@ -98,17 +102,15 @@ std::string ecosphere(int starKelvin) {
     }
   }
   if (first < 0) return "None";
+  // The star chart leaves 7 characters for the text.
   if (first == last) return "Lane " + std::to_string(first);
-  return "Lanes " + std::to_string(first) + "-" + std::to_string(last);
+  return "Ln " + std::to_string(first) + "-" + std::to_string(last);
 }
 
 // ---------------------------------------------------------------------------
 // Minerals, with how common each is in a crust.
 
-const std::array<const char*, 22> mineralNames = {
-    "Lead",      "Iron",     "Cobalt",   "Nickel",   "Copper",   "Zinc",       "Molybdenum", "Tin",
-    "Magnesium", "Aluminum", "Titanium", "Chromium", "Antimony", "Promethium", "Mercury",    "Tungsten",
-    "Silver",    "Gold",     "Platinum", "Silicon",  "Rodnium",  "Shyneum"};
+// Indexed like the game's mineral table.
 constexpr std::array<int, 22> commonMinerals = {8, 14, 5, 9, 7, 6, 4, 6, 9, 9, 6, 5, 3, 2, 3, 3, 3, 2, 2, 12, 1, 1};
 // Near the violent stars the heavy and strange elements are four times as common.
 constexpr std::array<int, 22> exoticMinerals = {8, 14, 5, 9, 7, 6, 4, 6, 9, 9, 6, 5, 3, 8, 3, 12, 6, 8, 8, 12, 4, 4};
@@ -118,28 +120,38 @@ constexpr int tinIndex = 7;
 // ---------------------------------------------------------------------------
 // Planets.
 
-struct Planet {
+// A planet of the game's own record, with the lane it orbits on.
+struct Orbit {
   int lane = 0;
-  int mass = 0;
-  int massExponent = 0;
-  int gravityHundredths = 0;
-  int minTemp = 0;
-  int maxTemp = 0;
-  int bio = 0;
-  int mineralDensity = 0;
-  std::array<std::string, 3> atmos;
-  std::string hydro;
-  std::array<std::string, 3> litho;
-  std::string weather;
-  int seed = 0;
+  Planet planet;
 };
+
+template <std::size_t N>
+void setText(char (&field)[N], const std::string& text) {
+  std::snprintf(field, N, "%s", text.c_str());
+}
+void setTexts(char (&fields)[3][20], const char* a, const char* b, const char* c) {
+  setText(fields[0], a);
+  setText(fields[1], b);
+  setText(fields[2], c);
+}
+bool is(const char* field, const char* text) { return std::strcmp(field, text) == 0; }
+float gravity(int hundredths) { return static_cast<float>(hundredths) / 100.0f; }
+
+// Nothing is colder than the 3 K glow of the sky: the swings of the far, dark
+// worlds stop there instead of passing absolute zero.
+constexpr int coldestCelsius = -270;
+void floorTemperatures(Planet& p) {
+  p.MinTemp = std::max(p.MinTemp, coldestCelsius);
+  p.MaxTemp = std::max(p.MaxTemp, p.MinTemp);
+}
 
 struct Star {
   int x = 0;
   int y = 0;
   StarClass cls = M;
   std::string eco;
-  std::vector<Planet> planets;
+  std::vector<Orbit> planets;
 };
 
 using Atmosphere = std::array<const char*, 3>;
@@ -169,7 +181,7 @@ class Universe {
   void makeFieldStars(int count);
   void makeHomeSystem();
   void makePlanets(Star& star);
-  Planet makePlanet(StarClass cls, int starKelvin, int lane);
+  Orbit makePlanet(StarClass cls, int starKelvin, int lane);
   void makeGasGiant(Planet& p, StarClass cls, int kelvin);
   void makeRockyWorld(Planet& p, StarClass cls, int kelvin);
   void chooseLithosphere(Planet& p, StarClass cls, int preferred);
@@ -291,7 +303,11 @@ int Universe::distinctSeed() {
 int Universe::mineralDensity(int lo, int hi, StarClass cls) {
   // Mostly sparse to middling; now and then a rich world, more often near remnants and hot stars.
   const bool violent = cls == O || cls == B || cls == NeutronStar || cls == BlackHole;
-  if (rng_.chance(violent ? 150 : 50)) return rng_.between(260, 400);
+  if (rng_.chance(violent ? 150 : 50)) {
+    // One rich world in about sixteen is a bonanza, seeded with deposits almost everywhere.
+    if (rng_.chance(60)) return rng_.between(1000, 4000);
+    return rng_.between(260, 400);
+  }
   return (rng_.between(lo, hi) + rng_.between(lo, hi)) / 2;
 }
 
@@ -305,34 +321,34 @@ void Universe::chooseLithosphere(Planet& p, StarClass cls, int preferred) {
                                                          : rng_.weighted(exotic ? exoticMinerals : commonMinerals);
     } while (std::find(chosen.begin(), chosen.end(), m) != chosen.end());
     chosen[static_cast<std::size_t>(i)] = m;
-    p.litho[static_cast<std::size_t>(i)] = mineralNames[static_cast<std::size_t>(m)];
+    setText(p.Litho[i], minerals[m].name);
   }
 }
 
 void Universe::makeGasGiant(Planet& p, StarClass cls, int kelvin) {
   const int celsius = kelvin - 273;
   if (rng_.chance(600)) {
-    p.hydro = "Metalic Hydrogen";
-    p.mass = rng_.between(1, 4);
-    p.massExponent = 27;
-    p.gravityHundredths = 180 + p.mass * 35 + rng_.between(-20, 40);
+    setText(p.Hydro, "Metalic Hydrogen");
+    p.Mass = static_cast<float>(rng_.between(1, 4));
+    p.MassExponent = 27;
+    p.Gravity = gravity(180 + static_cast<int>(p.Mass) * 35 + rng_.between(-20, 40));
   } else {
-    p.hydro = "Helium";
-    p.mass = rng_.between(2, 9);
-    p.massExponent = 26;
-    p.gravityHundredths = 110 + p.mass * 8 + rng_.between(-10, 20);
+    setText(p.Hydro, "Helium");
+    p.Mass = static_cast<float>(rng_.between(2, 9));
+    p.MassExponent = 26;
+    p.Gravity = gravity(110 + static_cast<int>(p.Mass) * 8 + rng_.between(-10, 20));
   }
   static const std::array<const char*, 4> coldTraces = {"Methane", "Ammonia", "Methane", "Neon"};
   static const std::array<const char*, 3> hotTraces = {"Water Vapor", "Sodium", "Carbon Monoxide"};
-  p.atmos = {"Hydrogen", "Helium", celsius > 100 ? rng_.pick(hotTraces) : rng_.pick(coldTraces)};
+  setTexts(p.Atmos, "Hydrogen", "Helium", celsius > 100 ? rng_.pick(hotTraces) : rng_.pick(coldTraces));
   static const std::array<const char*, 8> weathers = {"Storm Bands", "Cyclones",    "Jet Streams", "Gales",
                                                       "Great Storm", "Cloud Belts", "Lightning",   "Hurricanes"};
-  p.weather = rng_.pick(weathers);
+  setText(p.Weather, rng_.pick(weathers));
   const int spread = rng_.between(15, 40);
-  p.minTemp = celsius - spread;
-  p.maxTemp = celsius + rng_.between(10, 30);
-  p.bio = 0;
-  p.mineralDensity = rng_.between(0, 40);
+  p.MinTemp = celsius - spread;
+  p.MaxTemp = celsius + rng_.between(10, 30);
+  p.Bio = 0;
+  p.MineralDensity = rng_.between(0, 40);
   chooseLithosphere(p, cls, -1);
 }
 
@@ -340,132 +356,134 @@ void Universe::makeRockyWorld(Planet& p, StarClass cls, int kelvin) {
   const int celsius = kelvin - 273;
   // Small bodies (moons, dwarf planets) up to bodies a few times Earth's mass.
   const int size = rng_.weighted(std::array<int, 3>{30, 45, 25});
-  p.mass = rng_.between(1, 9);
-  p.massExponent = size == 0 ? rng_.between(22, 23) : (size == 1 ? rng_.between(23, 24) : rng_.between(24, 25));
-  if (p.massExponent == 25) p.mass = rng_.between(1, 3);
-  p.gravityHundredths = std::max(2, rockyGravity(p.mass, p.massExponent) * rng_.between(92, 108) / 100);
+  p.Mass = static_cast<float>(rng_.between(1, 9));
+  p.MassExponent = size == 0 ? rng_.between(22, 23) : (size == 1 ? rng_.between(23, 24) : rng_.between(24, 25));
+  if (p.MassExponent == 25) p.Mass = static_cast<float>(rng_.between(1, 3));
+  p.Gravity =
+      gravity(std::max(2, rockyGravity(static_cast<int>(p.Mass), p.MassExponent) * rng_.between(92, 108) / 100));
 
   const bool airless = celsius < 380 && rng_.chance(size == 0 ? 700 : (size == 1 ? 180 : 60));
   if (airless) {
-    p.hydro = "None";
-    p.atmos = {"None", "None", "None"};
-    p.weather = "None";
+    setText(p.Hydro, "None");
+    setTexts(p.Atmos, "None", "None", "None");
+    setText(p.Weather, "None");
     const int swing = rng_.between(60, 150);
-    p.minTemp = celsius - swing - rng_.between(0, 40);
-    p.maxTemp = celsius + swing;
-    p.bio = 0;
-    p.mineralDensity = mineralDensity(40, 260, cls);
+    p.MinTemp = celsius - swing - rng_.between(0, 40);
+    p.MaxTemp = celsius + swing;
+    p.Bio = 0;
+    p.MineralDensity = mineralDensity(40, 260, cls);
     chooseLithosphere(p, cls, -1);
     return;
   }
 
   if (celsius >= 1000) {
-    p.hydro = rng_.chance(700) ? "Molten Iron" : "Lava";
+    setText(p.Hydro, rng_.chance(700) ? "Molten Iron" : "Lava");
   } else if (celsius >= 650) {
-    p.hydro = rng_.chance(600) ? "Lava" : "Molten Iron";
+    setText(p.Hydro, rng_.chance(600) ? "Lava" : "Molten Iron");
   } else if (celsius >= 380) {
-    p.hydro = rng_.chance(650) ? "Lava" : "Molten Tin";
+    setText(p.Hydro, rng_.chance(650) ? "Lava" : "Molten Tin");
   } else if (celsius >= 200) {
     const int r = rng_.below(20);
-    p.hydro = r < 9 ? "Molten Tin" : (r < 14 ? "Lava" : "Carbon Dioxide");
+    setText(p.Hydro, r < 9 ? "Molten Tin" : (r < 14 ? "Lava" : "Carbon Dioxide"));
   } else if (celsius >= 100) {
-    p.hydro = "Carbon Dioxide";
+    setText(p.Hydro, "Carbon Dioxide");
   } else if (celsius >= -20) {
-    p.hydro = rng_.chance(650) ? "Water" : "Carbon Dioxide";
+    setText(p.Hydro, rng_.chance(650) ? "Water" : "Carbon Dioxide");
   } else if (celsius >= -90) {
     const int r = rng_.below(20);
-    p.hydro = r < 7 ? "Water" : (r < 16 ? "Carbon Dioxide" : "Methane");
+    setText(p.Hydro, r < 7 ? "Water" : (r < 16 ? "Carbon Dioxide" : "Methane"));
   } else if (celsius >= -180) {
     const int r = rng_.below(10);
-    p.hydro = r < 5 ? "Methane" : (r < 8 ? "Carbon Dioxide" : "Water");
+    setText(p.Hydro, r < 5 ? "Methane" : (r < 8 ? "Carbon Dioxide" : "Water"));
   } else {
-    p.hydro = "Methane";
+    setText(p.Hydro, "Methane");
   }
 
   int swing = 0;
   int preferredMineral = -1;
-  if (p.hydro == "Water") {
+  if (is(p.Hydro, "Water")) {
     static const std::array<Atmosphere, 3> airs = {{{"Nitrogen", "Oxygen", "Argon"},
                                                     {"Nitrogen", "Carbon Dioxide", "Water Vapor"},
                                                     {"Nitrogen", "Oxygen", "Water Vapor"}}};
     const Atmosphere& a = rng_.pick(airs);
-    p.atmos = {a[0], a[1], a[2]};
+    setTexts(p.Atmos, a[0], a[1], a[2]);
     static const std::array<const char*, 8> mild = {"Clear",      "Light Rain", "Thunderstorms", "Monsoons",
                                                     "Hurricanes", "Overcast",   "Fog",           "Drizzle"};
     static const std::array<const char*, 4> frozen = {"Blizzards", "Snow", "Ice Fog", "Clear"};
-    p.weather = celsius < 0 ? rng_.pick(frozen) : rng_.pick(mild);
+    setText(p.Weather, celsius < 0 ? rng_.pick(frozen) : rng_.pick(mild));
     swing = rng_.between(20, 45);
     if (celsius > -10 && celsius < 45) {
-      p.bio = rng_.between(20, 95);
+      p.Bio = rng_.between(20, 95);
     } else {
-      p.bio = rng_.between(0, 15);
+      p.Bio = rng_.between(0, 15);
     }
-    p.mineralDensity = mineralDensity(20, 200, cls);
-  } else if (p.hydro == "Carbon Dioxide") {
+    p.MineralDensity = mineralDensity(20, 200, cls);
+  } else if (is(p.Hydro, "Carbon Dioxide")) {
     static const std::array<Atmosphere, 2> airs = {
         {{"Carbon Dioxide", "Nitrogen", "Sulfur Dioxide"}, {"Carbon Dioxide", "Argon", "Nitrogen"}}};
     const Atmosphere& a = rng_.pick(airs);
-    p.atmos = {a[0], a[1], a[2]};
+    setTexts(p.Atmos, a[0], a[1], a[2]);
     static const std::array<const char*, 4> hot = {"Acid Rain", "Heavy Clouds", "Sulfur Haze", "Dense Haze"};
     static const std::array<const char*, 4> cold = {"Dust Storms", "Clear", "Frost", "Thin Haze"};
     // A thick, hot carbon dioxide sky holds the heat evenly; a thin cold one does not.
     if (celsius >= 100) {
-      p.weather = rng_.pick(hot);
+      setText(p.Weather, rng_.pick(hot));
       swing = rng_.between(5, 20);
     } else {
-      p.weather = rng_.pick(cold);
+      setText(p.Weather, rng_.pick(cold));
       swing = rng_.between(30, 70);
     }
-    p.bio = (celsius > -40 && celsius < 60 && rng_.chance(200)) ? rng_.between(1, 8) : 0;
-    p.mineralDensity = mineralDensity(30, 220, cls);
-  } else if (p.hydro == "Methane") {
+    p.Bio = (celsius > -40 && celsius < 60 && rng_.chance(200)) ? rng_.between(1, 8) : 0;
+    p.MineralDensity = mineralDensity(30, 220, cls);
+  } else if (is(p.Hydro, "Methane")) {
     static const std::array<Atmosphere, 2> airs = {
         {{"Nitrogen", "Methane", "Argon"}, {"Methane", "Nitrogen", "Ethane"}}};
     const Atmosphere& a = rng_.pick(airs);
-    p.atmos = {a[0], a[1], a[2]};
+    setTexts(p.Atmos, a[0], a[1], a[2]);
     static const std::array<const char*, 4> weathers = {"Methane Rain", "Methane Snow", "Orange Haze", "Still"};
-    p.weather = rng_.pick(weathers);
+    setText(p.Weather, rng_.pick(weathers));
     swing = rng_.between(10, 30);
-    p.bio = rng_.chance(250) ? rng_.between(1, 5) : 0;
-    p.mineralDensity = mineralDensity(20, 160, cls);
+    p.Bio = rng_.chance(250) ? rng_.between(1, 5) : 0;
+    p.MineralDensity = mineralDensity(20, 160, cls);
   } else {
     // The molten worlds.
-    if (p.hydro == "Lava") {
+    if (is(p.Hydro, "Lava")) {
       static const std::array<Atmosphere, 2> airs = {
           {{"Sulfur Dioxide", "Carbon Dioxide", "Nitrogen"}, {"Carbon Dioxide", "Sulfur Dioxide", "Hydrogen Sulfide"}}};
       const Atmosphere& a = rng_.pick(airs);
-      p.atmos = {a[0], a[1], a[2]};
+      setTexts(p.Atmos, a[0], a[1], a[2]);
       static const std::array<const char*, 4> weathers = {"Ash Clouds", "Magma Storms", "Sulfur Rain", "Volcanic Haze"};
-      p.weather = rng_.pick(weathers);
-    } else if (p.hydro == "Molten Iron") {
+      setText(p.Weather, rng_.pick(weathers));
+    } else if (is(p.Hydro, "Molten Iron")) {
       static const std::array<Atmosphere, 2> airs = {
           {{"Silicate Vapor", "Oxygen", "Sodium"}, {"Iron Vapor", "Sodium", "Oxygen"}}};
       const Atmosphere& a = rng_.pick(airs);
-      p.atmos = {a[0], a[1], a[2]};
+      setTexts(p.Atmos, a[0], a[1], a[2]);
       static const std::array<const char*, 3> weathers = {"Iron Rain", "Firestorms", "Glowing Haze"};
-      p.weather = rng_.pick(weathers);
+      setText(p.Weather, rng_.pick(weathers));
       preferredMineral = ironIndex;
     } else {
       static const std::array<Atmosphere, 2> airs = {
           {{"Carbon Dioxide", "Sulfur Dioxide", "Tin Chloride"}, {"Nitrogen", "Carbon Dioxide", "Sulfur Dioxide"}}};
       const Atmosphere& a = rng_.pick(airs);
-      p.atmos = {a[0], a[1], a[2]};
+      setTexts(p.Atmos, a[0], a[1], a[2]);
       static const std::array<const char*, 3> weathers = {"Ash Clouds", "Heat Haze", "Metal Fog"};
-      p.weather = rng_.pick(weathers);
+      setText(p.Weather, rng_.pick(weathers));
       preferredMineral = tinIndex;
     }
     swing = rng_.between(40, 100);
-    p.bio = 0;
-    p.mineralDensity = mineralDensity(60, 300, cls);
+    p.Bio = 0;
+    p.MineralDensity = mineralDensity(60, 300, cls);
   }
-  p.minTemp = celsius - swing;
-  p.maxTemp = celsius + swing;
+  p.MinTemp = celsius - swing;
+  p.MaxTemp = celsius + swing;
   chooseLithosphere(p, cls, preferredMineral);
 }
 
-Planet Universe::makePlanet(StarClass cls, int starKelvin, int lane) {
-  Planet p;
-  p.lane = lane;
+Orbit Universe::makePlanet(StarClass cls, int starKelvin, int lane) {
+  Orbit orbit;
+  orbit.lane = lane;
+  Planet& p = orbit.planet;
   const int kelvin = laneKelvin(starKelvin, lane);
   // Gas giants form further out; a few spiral in close to their star.
   int giantChance = 20 + 55 * lane;
@@ -476,8 +494,9 @@ Planet Universe::makePlanet(StarClass cls, int starKelvin, int lane) {
   } else {
     makeRockyWorld(p, cls, kelvin);
   }
-  p.seed = distinctSeed();
-  return p;
+  p.Seed = distinctSeed();
+  floorTemperatures(p);
+  return orbit;
 }
 
 void Universe::makePlanets(Star& star) {
@@ -498,23 +517,24 @@ void Universe::makePlanets(Star& star) {
 // two rich mining worlds, an ocean world and a gas giant.
 void Universe::makeHomeSystem() {
   Star home{homeX, homeY, G, ecosphere(laneZeroKelvin[G]), {}};
-  auto planet = [](int lane, int mass, int exponent, int gravity, int minTemp, int maxTemp, int bio, int density,
+  auto planet = [](int lane, int mass, int exponent, int hundredths, int minTemp, int maxTemp, int bio, int density,
                    Atmosphere atmos, const char* hydro, Atmosphere litho, const char* weather, int seed) {
-    Planet p;
-    p.lane = lane;
-    p.mass = mass;
-    p.massExponent = exponent;
-    p.gravityHundredths = gravity;
-    p.minTemp = minTemp;
-    p.maxTemp = maxTemp;
-    p.bio = bio;
-    p.mineralDensity = density;
-    p.atmos = {atmos[0], atmos[1], atmos[2]};
-    p.hydro = hydro;
-    p.litho = {litho[0], litho[1], litho[2]};
-    p.weather = weather;
-    p.seed = seed;
-    return p;
+    Orbit orbit;
+    orbit.lane = lane;
+    Planet& p = orbit.planet;
+    p.Mass = static_cast<float>(mass);
+    p.MassExponent = exponent;
+    p.Gravity = gravity(hundredths);
+    p.MinTemp = minTemp;
+    p.MaxTemp = maxTemp;
+    p.Bio = bio;
+    p.MineralDensity = density;
+    setTexts(p.Atmos, atmos[0], atmos[1], atmos[2]);
+    setText(p.Hydro, hydro);
+    setTexts(p.Litho, litho[0], litho[1], litho[2]);
+    setText(p.Weather, weather);
+    p.Seed = seed;
+    return orbit;
   };
   home.planets = {
       planet(0, 3, 23, 42, 262, 431, 0, 285, {"Sulfur Dioxide", "Carbon Dioxide", "Nitrogen"}, "Lava",
@@ -532,7 +552,7 @@ void Universe::makeHomeSystem() {
       planet(9, 1, 23, 14, -188, -151, 0, 76, {"Nitrogen", "Methane", "Argon"}, "Methane", {"Zinc", "Tin", "Mercury"},
              "Methane Snow", 424242),
   };
-  for (const Planet& p : home.planets) seeds_.insert(p.seed);
+  for (const Orbit& o : home.planets) seeds_.insert(o.planet.Seed);
   occupied_[homeX][homeY] = static_cast<int>(stars_.size());
   stars_.push_back(home);
 
@@ -609,16 +629,17 @@ const char* const header = R"(# Star Prospector star map
 )";
 
 void writeStar(std::FILE* out, const Star& s) {
-  std::fprintf(out, "# %s at %d, %d\n", classTexts[s.cls], s.x, s.y);
-  std::fprintf(out, "%d\n%d\n%s\n%s\n%d\n", s.x, s.y, classTexts[s.cls], s.eco.c_str(),
+  std::fprintf(out, "# %s at %d, %d\n", starClassNames[s.cls], s.x, s.y);
+  std::fprintf(out, "%d\n%d\n%s\n%s\n%d\n", s.x, s.y, starClassNames[s.cls], s.eco.c_str(),
                static_cast<int>(s.planets.size()));
-  for (const Planet& p : s.planets) {
-    std::fprintf(out, "%d\n%d\n%d\n%d.%02d\n%d\n%d\n%d\n%d\n", p.lane, p.mass, p.massExponent,
-                 p.gravityHundredths / 100, p.gravityHundredths % 100, p.minTemp, p.maxTemp, p.bio, p.mineralDensity);
-    for (const std::string& a : p.atmos) std::fprintf(out, "%s\n", a.c_str());
-    std::fprintf(out, "%s\n", p.hydro.c_str());
-    for (const std::string& l : p.litho) std::fprintf(out, "%s\n", l.c_str());
-    std::fprintf(out, "%s\n%d\n", p.weather.c_str(), p.seed);
+  for (const Orbit& o : s.planets) {
+    const Planet& p = o.planet;
+    std::fprintf(out, "%d\n%d\n%d\n%.2f\n%d\n%d\n%d\n%d\n", o.lane, static_cast<int>(p.Mass), p.MassExponent,
+                 static_cast<double>(p.Gravity), p.MinTemp, p.MaxTemp, p.Bio, p.MineralDensity);
+    for (const char* a : p.Atmos) std::fprintf(out, "%s\n", a);
+    std::fprintf(out, "%s\n", p.Hydro);
+    for (const char* l : p.Litho) std::fprintf(out, "%s\n", l);
+    std::fprintf(out, "%s\n%d\n", p.Weather, p.Seed);
   }
 }
 

@@ -59,7 +59,13 @@ std::string gameStateJson() {
   if (s.currentObject) {
     out << ",\"currentObject\":{\"x\":" << s.currentObject->x << ",\"y\":" << s.currentObject->y << ",\"Class\":";
     jsonString(out, s.currentObject->Class);
-    out << '}';
+    // Each lane's orbit angle, -1 for an empty lane.
+    out << ",\"OrbitAngles\":[";
+    for (int i = 0; i < maxPlanets; ++i) {
+      const Planet* p = s.currentObject->Planets[i];
+      out << (i ? "," : "") << (p ? p->OrbitAngle : -1);
+    }
+    out << "]}";
   } else {
     out << ",\"currentObject\":null";
   }

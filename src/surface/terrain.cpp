@@ -1,10 +1,162 @@
 #include "surface/terrain.h"
 
-// Terrain generation arrives with the planet surface; until then a planet's
-// terrain stays flat at elevation 0.
+#include <array>
+#include <utility>
+#include <vector>
+
+#include "platform/random.h"
+
 Terrain terrain;
 
-void generateTerrain(Terrain&, std::int32_t) {}
-void smoothTerrain(Terrain&) {}
-int randomOffset(int) { return 0; }
+namespace {
+
+// The height field is 2^9 + 1 points a side: the last row and column repeat
+// the first ones so that the field wraps round the planet.
+constexpr int gridSize = heightFieldSize;
+constexpr int gridLast = gridSize - 1;
+constexpr int passes = 9;
+constexpr int startElevation = 128;
+
+class Grid {
+ public:
+  Grid() : cells_(heightFieldSize * heightFieldSize, startElevation) {}
+  int at(int row, int column) const { return cells_[static_cast<std::size_t>(row * gridSize + column)]; }
+  void set(int row, int column, int value) {
+    cells_[static_cast<std::size_t>(row * gridSize + column)] = static_cast<std::uint8_t>(value);
+  }
+  std::vector<std::uint8_t> release() { return std::move(cells_); }
+
+ private:
+  std::vector<std::uint8_t> cells_;
+};
+
+// randomOffset with the range known when compiling, which spares a division per point.
+template <int m>
+int offsetIn() {
+  const int r = nextRandom() % m;
+  return r > m / 2 ? r - m : r;
+}
+
+// Pass k (1 to 9): 2^(k-1) squares a side, range 255 / k. Every neighbour is
+// read before the point's one random draw.
+template <int k>
+void displacePass(Grid& g) {
+  constexpr int n = 1 << (k - 1);
+  constexpr int s = gridLast / n;
+  constexpr int m = 255 / k;
+  constexpr int h = s / 2;
+  auto displaced = [](int sum) { return clampByte(sum / 4 + offsetIn<m>()); };
+  for (int i = 0; i < n; ++i) {
+    for (int j = 0; j < n; ++j) {
+      const int a =
+          g.at(j * s, i * s) + g.at((j + 1) * s, i * s) + g.at(j * s, (i + 1) * s) + g.at((j + 1) * s, (i + 1) * s);
+      g.set(j * s + h, i * s + h, displaced(a));
+    }
+  }
+  for (int i = 0; i < n; ++i) {
+    for (int j = 0; j < n; ++j) {
+      const int centreRow = j * s + h, centreColumn = i * s + h;
+      // Lower edge; the last row of squares takes the first row's centre as the one below.
+      const int belowRow = j == n - 1 ? h : (j + 1) * s + h;
+      const int b = g.at(centreRow, centreColumn) + g.at(belowRow, centreColumn) + g.at((j + 1) * s, i * s) +
+                    g.at((j + 1) * s, (i + 1) * s);
+      const int lower = displaced(b);
+      g.set((j + 1) * s, centreColumn, lower);
+      if (j == n - 1) g.set(0, centreColumn, lower);
+      // Right edge; the last column of squares takes the first column's centre as the one to the right.
+      const int rightColumn = i == n - 1 ? h : (i + 1) * s + h;
+      const int d = g.at(j * s, (i + 1) * s) + g.at((j + 1) * s, (i + 1) * s) + g.at(centreRow, centreColumn) +
+                    g.at(centreRow, rightColumn);
+      const int right = displaced(d);
+      g.set(centreRow, (i + 1) * s, right);
+      if (i == n - 1) g.set(centreRow, 0, right);
+    }
+  }
+}
+
+// Weights by column offset (outer) and row offset (inner), -3 to +3; they sum to 140.
+constexpr int kernelSum = 140;
+constexpr int kernel[7][7] = {
+    {1, 1, 2, 2, 2, 1, 1}, {1, 2, 2, 4, 2, 2, 1}, {2, 2, 4, 8, 4, 2, 2}, {2, 4, 8, 16, 8, 4, 2},
+    {2, 2, 4, 8, 4, 2, 2}, {1, 2, 2, 4, 2, 2, 1}, {1, 1, 2, 2, 2, 1, 1},
+};
+
+std::uint8_t& cell(Terrain& map, int x, int y) { return map.cells[x * terrainHeight + y]; }
+
+}  // namespace
+
+int randomOffset(int m) {
+  if (m <= 0) return 0;  // no range, no displacement
+  const int r = nextRandom() % m;
+  return r > m / 2 ? r - m : r;
+}
+
 int clampByte(int v) { return v < 0 ? 0 : (v > 255 ? 255 : v); }
+
+std::vector<std::uint8_t> heightField(std::int32_t seed) {
+  seedRandom(static_cast<unsigned int>(seed));
+  Grid g;
+  [&]<int... k>(std::integer_sequence<int, k...>) { (displacePass<k + 1>(g), ...); }
+  (std::make_integer_sequence<int, passes>{});
+  return g.release();
+}
+
+void generateTerrain(Terrain& map, std::int32_t seed) {
+  const std::vector<std::uint8_t> field = heightField(seed);
+  auto at = [&](int row, int column) { return field[static_cast<std::size_t>(row * heightFieldSize + column)]; };
+  // One cell per degree: 1.425 grid rows per column of longitude and 2.85 grid
+  // columns per row of latitude, summed in single precision as the surface has
+  // always been sampled.
+  float u = 0.0f;
+  for (int x = 0; x < terrainWidth; ++x) {
+    float v = 0.0f;
+    for (int y = 0; y < terrainHeight; ++y) {
+      cell(map, x, y) = at(static_cast<int>(u), static_cast<int>(v));
+      v = static_cast<float>(static_cast<double>(v) + 2.85);
+    }
+    u = static_cast<float>(static_cast<double>(u) + 1.425);
+  }
+}
+
+void smoothTerrain(Terrain& map) {
+  // The smoothing works in place, so cells already smoothed feed later ones.
+  // While column x is smoothed its six neighbouring columns do not change:
+  // their part of every sum is taken at once from wrapped copies (the kernel's
+  // columns -d and +d have the same weights), and only the column's own part is
+  // summed cell by cell from its live values.
+  constexpr int pad = 3;
+  constexpr int padded = terrainHeight + 2 * pad;
+  auto copyColumn = [&](int x, int* out) {
+    const std::uint8_t* c = &map.cells[x * terrainHeight];
+    for (int y = 0; y < terrainHeight; ++y) out[y + pad] = c[y];
+    for (int k = 0; k < pad; ++k) {
+      out[k] = c[terrainHeight - pad + k];
+      out[terrainHeight + pad + k] = c[k];
+    }
+  };
+  alignas(32) int left[padded], right[padded], live[padded], others[terrainHeight];
+  for (int x = 0; x < terrainWidth; ++x) {
+    for (int y = 0; y < terrainHeight; ++y) others[y] = 0;
+    for (int d = 1; d <= 3; ++d) {
+      copyColumn((x - d + terrainWidth) % terrainWidth, left);
+      copyColumn((x + d) % terrainWidth, right);
+      const int* w = kernel[3 + d];
+      for (int dy = 0; dy < 7; ++dy) {
+        const int weight = w[dy];
+        for (int y = 0; y < terrainHeight; ++y) others[y] += weight * (left[y + dy] + right[y + dy]);
+      }
+    }
+    copyColumn(x, live);
+    const int* w = kernel[3];
+    std::uint8_t* column = &map.cells[x * terrainHeight];
+    for (int y = 0; y < terrainHeight; ++y) {
+      int sum = others[y];
+      for (int dy = 0; dy < 7; ++dy) sum += w[dy] * live[y + dy];
+      const int value = sum / kernelSum;
+      column[y] = static_cast<std::uint8_t>(value);
+      live[y + pad] = value;
+      // The last rows read the first ones across the south edge, smoothed by then.
+      if (y < pad) live[terrainHeight + pad + y] = value;
+    }
+  }
+}

@@ -1,6 +1,9 @@
 #include "universe/planet.h"
 
+#include <array>
 #include <cstring>
+
+#include "platform/random.h"
 
 const Mineral minerals[mineralCount] = {
     {"Lead", 246, 150, 121},     {"Iron", 158, 11, 14},        {"Cobalt", 242, 101, 34},    {"Nickel", 123, 46, 0},
@@ -28,5 +31,51 @@ Uint32 mineralColor(std::uint8_t number, Uint8 alpha) {
   return (Uint32(m.r) << 24) | (Uint32(m.g) << 16) | (Uint32(m.b) << 8) | alpha;
 }
 
-int generateMineralDeposits(MineralDepositList&, const Planet*) { return 0; }
-void freeMineralDeposits(MineralDepositList& d) { d.clear(); }
+namespace {
+
+constexpr int surfaceColumns = 360;
+constexpr int surfaceRows = 180;
+constexpr int kindTableSize = 100;
+
+// Every mineral three times, then the lithosphere weighted 6, 11 and 17 entries
+// for its third, second and first mineral.
+std::array<std::uint8_t, kindTableSize> depositKinds(const Planet& planet) {
+  std::array<std::uint8_t, kindTableSize> kinds{};
+  for (int i = 0; i < kindTableSize; ++i) {
+    int litho = -1;
+    if (i >= 83) {
+      litho = 0;
+    } else if (i >= 72) {
+      litho = 1;
+    } else if (i >= 66) {
+      litho = 2;
+    }
+    kinds[static_cast<std::size_t>(i)] =
+        static_cast<std::uint8_t>(litho < 0 ? i % mineralCount : mineralNumber(planet.Litho[litho]));
+  }
+  return kinds;
+}
+
+}  // namespace
+
+int generateMineralDeposits(MineralDepositList& deposits, const Planet* planet) {
+  if (!planet) return 0;
+  const std::array<std::uint8_t, kindTableSize> kinds = depositKinds(*planet);
+  seedRandom(static_cast<unsigned int>(planet->Seed));
+  int count = 0;
+  for (int x = 0; x < surfaceColumns; ++x) {
+    for (int y = 0; y < surfaceRows; ++y) {
+      if (nextRandom() % 10000 > planet->MineralDensity) continue;
+      MineralDeposit d;
+      d.x = x;
+      d.y = y;
+      d.kind = kinds[static_cast<std::size_t>(nextRandom() % kindTableSize)];
+      d.amount = static_cast<float>((nextRandom() % 1000) / 100.0);
+      deposits.push_back(d);
+      ++count;
+    }
+  }
+  return count;
+}
+
+void freeMineralDeposits(MineralDepositList& deposits) { MineralDepositList().swap(deposits); }

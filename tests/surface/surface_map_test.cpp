@@ -1,0 +1,241 @@
+// The surface map: the terrain pixels and the site marker read back from the
+// screen, coordinates and their read-outs, site choice by mouse and by key,
+// and the deposit dots.
+#include "surface/surface_map.h"
+
+#include <SDL_gfxPrimitives.h>
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <string>
+
+#include "base/game_state.h"
+#include "base/screen.h"
+#include "shell/command_window.h"
+#include "shell/input.h"
+#include "ship/ship.h"
+#include "support/test_support.h"
+#include "surface/terrain.h"
+#include "ui/bitmap_font.h"
+#include "ui/font_builder.h"
+
+namespace {
+
+// "Green" planets shade as pure green ramps: elevation e is the pixel e << 8.
+Planet greenPlanet() {
+  Planet p;
+  std::strcpy(p.Hydro, "Green");
+  return p;
+}
+
+class SurfaceMapTest : public GameTest {
+ protected:
+  void SetUp() override {
+    GameTest::SetUp();
+    terrain = Terrain{};
+    landingSite = SurfacePoint{180, 90};
+    roverPosition = SurfacePoint{1800, 900};
+    scanCursor = SurfacePoint{};
+    SDL_FillRect(screen, nullptr, 0);
+  }
+  Planet planet = greenPlanet();
+};
+
+// Whether the rectangle of `a` at (x, y) w x h matches the same one of `b`.
+bool sameRegion(SDL_Surface* a, SDL_Surface* b, int x, int y, int w, int h) {
+  for (int j = y; j < y + h; ++j)
+    for (int i = x; i < x + w; ++i)
+      if (pixelRGB(a, i, j) != pixelRGB(b, i, j)) return false;
+  return true;
+}
+
+// A value as drawCoordinates should show it: a black box, then the text in font entry 2.
+SurfacePtr expectedValue(int x1, int y1, int x2, int y2, int tx, const char* text) {
+  SurfacePtr s = blankSurface(800, 600);
+  boxRGBA(s.get(), x1, y1, x2, y2, 0, 0, 0, 255);
+  printString(s.get(), fontTable.fonts[2], tx, y1, "%s", text);
+  return s;
+}
+
+bool lit(Uint32 rgb) { return rgb != 0; }
+
+}  // namespace
+
+TEST_F(SurfaceMapTest, ScanCoordinatesFollowTheMouseAndStopAtTheEdges) {
+  const struct {
+    int mx, my;
+    const char* text;
+  } cases[] = {{25, 20, "90'N 180'W"},   {205, 110, "0'S 0'E"}, {384, 199, "89'S 179'E"}, {0, 0, "90'N 180'W"},
+               {799, 599, "89'S 179'E"}, {204, 109, "1'N 1'W"}, {300, 60, "50'N 95'E"},   {100, 150, "40'S 105'W"}};
+  for (const auto& c : cases) {
+    trackScanCursor(c.mx, c.my);
+    EXPECT_EQ(coordinateText(scanCursor.x, scanCursor.y), c.text) << c.mx << "," << c.my;
+    drawCoordinates(screen);
+    const SurfacePtr want = expectedValue(425, 340, 495, 350, 425, c.text);
+    EXPECT_TRUE(sameRegion(screen, want.get(), 425, 340, 71, 11)) << c.text;
+  }
+}
+
+TEST_F(SurfaceMapTest, FuelAndCargoSpaceReadOuts) {
+  const struct {
+    float fuel, free;
+    const char *fuelText, *cargoText;
+  } cases[] = {{0.0f, 12.5f, "0.00%", "25.00%"}, {100.0f, 50.0f, "100.00%", "100.00%"}, {7.5f, 0.0f, "7.50%", "0.00%"}};
+  for (const auto& c : cases) {
+    playerShip.roverFuel = c.fuel;
+    playerShip.roverHoldFree = c.free;
+    drawCoordinates(screen);
+    const SurfacePtr fuel = expectedValue(370, 400, 425, 410, 375, c.fuelText);
+    const SurfacePtr cargo = expectedValue(385, 430, 440, 440, 390, c.cargoText);
+    EXPECT_TRUE(sameRegion(screen, fuel.get(), 370, 400, 56, 11)) << c.fuelText;
+    EXPECT_TRUE(sameRegion(screen, cargo.get(), 385, 430, 56, 11)) << c.cargoText;
+  }
+}
+
+TEST_F(SurfaceMapTest, ClicksInTheViewscreenPaneChooseTheSite) {
+  const struct {
+    int mx, my;
+    SurfacePoint site;
+    int clicked;
+  } cases[] = {{700, 100, {180, 90}, 0}, {500, 400, {359, 179}, 1}, {100, 50, {75, 30}, 1}};
+  for (const auto& c : cases) {
+    landingSite = SurfacePoint{180, 90};
+    roverPosition = SurfacePoint{1800, 900};
+    gameState.siteClicked = 0;
+    onMouseMotion(c.mx, c.my);
+    onMouseButtonDown(c.mx, c.my);
+    onMouseButtonUp(c.mx, c.my);
+    EXPECT_EQ(landingSite.x, c.site.x) << c.mx;
+    EXPECT_EQ(landingSite.y, c.site.y) << c.mx;
+    EXPECT_EQ(roverPosition.x, c.site.x * 10);
+    EXPECT_EQ(roverPosition.y, c.site.y * 10);
+    EXPECT_EQ(gameState.siteClicked, c.clicked);
+  }
+}
+
+TEST_F(SurfaceMapTest, MovingTheSiteByKeyStopsAtTheEdges) {
+  const struct {
+    SurfacePoint from;
+    int direction;
+    SurfacePoint to;
+  } cases[] = {{{10, 10}, 0, {9, 10}},      {{10, 10}, 1, {10, 9}},      {{10, 10}, 2, {11, 10}},
+               {{10, 10}, 3, {10, 11}},     {{0, 0}, 0, {0, 0}},         {{0, 0}, 1, {0, 0}},
+               {{359, 179}, 2, {359, 179}}, {{200, 179}, 3, {200, 179}}, {{10, 10}, 7, {10, 10}}};
+  for (const auto& c : cases) {
+    landingSite = c.from;
+    moveSite(c.direction);
+    EXPECT_EQ(landingSite.x, c.to.x) << c.direction;
+    EXPECT_EQ(landingSite.y, c.to.y) << c.direction;
+    EXPECT_EQ(roverPosition.x, c.to.x * 10);
+    EXPECT_EQ(roverPosition.y, c.to.y * 10);
+  }
+}
+
+TEST_F(SurfaceMapTest, ArrowKeysMoveTheSiteOnlyWhileSelectSiteIsChosen) {
+  landingSite = SurfacePoint{0, 179};
+  onKeyDown(SDLK_DOWN);  // not selecting: the key is held instead
+  EXPECT_EQ(gameState.downHeld, 1);
+  onKeyUp(SDLK_DOWN);
+  setCurrentMenu(LandingMenu);
+  setCurrentItem(SelectSiteItem);
+  toggleItemSelected();
+  onKeyDown(SDLK_DOWN);
+  EXPECT_EQ(landingSite.y, 179);
+  EXPECT_EQ(gameState.downHeld, 0);
+  onKeyDown(SDLK_RIGHT);
+  EXPECT_EQ(landingSite.x, 1);
+  EXPECT_EQ(gameState.siteClicked, 1);
+}
+
+TEST_F(SurfaceMapTest, MapShowsEveryCellAndAWrappingSiteMarker) {
+  for (int x = 0; x < 360; ++x)
+    for (int y = 0; y < 180; ++y) terrain.cells[x * 180 + y] = static_cast<std::uint8_t>((x + 3 * y) % 200 + 40);
+  landingSite = SurfacePoint{3, 5};
+  drawSurfaceMap(screen, &planet);
+
+  // The marker: rows 5 + 20 and columns 3 + 25 whole; the box's left edge at
+  // column 3 - 14 = -11 -> 349, its top at row 5 - 9 = -4 -> 176, its right
+  // edge at column 17 and its bottom at row 15.
+  auto onMarker = [](int x, int y) {
+    const int left = 349, right = 17, top = 176, bottom = 15;
+    const bool inCols = x >= left || x <= 16;  // columns -11 .. 16 wrapped
+    const bool inRows = y >= top || y <= 14;   // rows -4 .. 14 wrapped
+    if (y == 5 || x == 3) return true;
+    if ((y == top || y == bottom) && inCols) return true;
+    if ((x == left || x == right) && inRows) return true;
+    return false;
+  };
+  int markerPixels = 0;
+  for (int x = 0; x < 360; ++x) {
+    for (int y = 0; y < 180; ++y) {
+      const Uint32 want = static_cast<Uint32>((x + 3 * y) % 200 + 40) << 8;
+      const Uint32 got = pixelRGB(screen, x + 25, y + 20);
+      if (onMarker(x, y)) {
+        ++markerPixels;
+        EXPECT_NE(got, want) << x << "," << y;
+        EXPECT_GT(got & 0xFF, 0u) << x << "," << y;  // blue blended in
+      } else {
+        ASSERT_EQ(got, want) << x << "," << y;
+      }
+    }
+  }
+  // Cross hairs 360 + 180 - 1, box 2 x 28 + 2 x 19 less its one shared corner,
+  // less the four points where the box crosses the hairs.
+  EXPECT_EQ(markerPixels, 539 + 93 - 4);
+  // Nothing around the map.
+  for (int x = 20; x < 390; ++x) {
+    EXPECT_EQ(pixelRGB(screen, x, 19), 0u);
+    EXPECT_EQ(pixelRGB(screen, x, 200), 0u);
+  }
+}
+
+TEST_F(SurfaceMapTest, DepositDotsMatchTheLibrarysCirclesAndSkipEmptiedOnes) {
+  MineralDepositList deposits = {{10, 10, 0, 5.0f},  {11, 10, 21, 1.0f}, {12, 12, 3, 0.0f}, {0, 0, 7, 2.0f},
+                                 {359, 179, 9, 3.f}, {11, 11, 30, 1.0f}, {100, 50, 5, 1.0f}};
+  drawDeposits(screen, deposits);
+  SurfacePtr want = blankSurface(800, 600);
+  for (const MineralDeposit& d : deposits)
+    if (d.amount != 0.0f) filledCircleColor(want.get(), d.x + 25, d.y + 20, 1, mineralColor(d.kind, 255));
+  EXPECT_TRUE(sameRegion(screen, want.get(), 0, 0, 400, 220));
+  EXPECT_FALSE(lit(pixelRGB(screen, 12 + 25, 12 + 20))) << "an emptied deposit is not drawn";
+  EXPECT_TRUE(lit(pixelRGB(screen, 100 + 25, 50 + 20 - 1)));
+}
+
+TEST_F(SurfaceMapTest, LegendScaleAndMinerals) {
+  drawSurfaceLegend(screen, &planet);
+  EXPECT_EQ(pixelRGB(screen, 415, 200), 0u) << "bottom line shade 0";
+  EXPECT_EQ(pixelRGB(screen, 415, 21), 253u << 8) << "top line shade 253";
+  Uint32 previous = 0;
+  for (int y = 200; y > 20; --y) {
+    const Uint32 shade = pixelRGB(screen, 405, y) >> 8;
+    EXPECT_GE(shade, previous) << y;
+    EXPECT_EQ(pixelRGB(screen, 425, y), shade << 8);
+    previous = shade;
+  }
+  EXPECT_EQ(pixelRGB(screen, 415, 20), 0u);
+  // Dots of Lead (column 25, row 215) and Shyneum (column 430, row 230).
+  const Uint32 lead = mineralColor(0, 255) >> 8, shyneum = mineralColor(21, 255) >> 8;
+  EXPECT_EQ(pixelRGB(screen, 25, 220), lead);
+  EXPECT_EQ(pixelRGB(screen, 430, 235), shyneum);
+  // The bold names are printed in entry 3, the others in entry 2.
+  const struct {
+    int x, y, font;
+    const char* name;
+  } names[] = {{35, 245, 3, "Cobalt"}, {35, 230, 2, "Iron"},      {115, 230, 3, "Molybdenum"},
+               {115, 245, 2, "Tin"},   {230, 215, 3, "Titanium"}, {350, 215, 2, "Tungsten"}};
+  for (const auto& n : names) {
+    SurfacePtr ref = blankSurface(800, 600);
+    printString(ref.get(), fontTable.fonts[n.font], n.x, n.y, "%s", n.name);
+    EXPECT_TRUE(sameRegion(screen, ref.get(), n.x, n.y, textWidth(fontTable.fonts[n.font], n.name), 10)) << n.name;
+  }
+  EXPECT_EQ(currentFont(), fontTable.fonts[2]);
+}
+
+TEST_F(SurfaceMapTest, ScreenTooSmallForTheMapIsLeftAlone) {
+  LogWatch log;
+  SurfacePtr small = blankSurface(100, 100);
+  drawSurfaceMap(small.get(), &planet);
+  drawSurfaceMap(nullptr, &planet);
+  EXPECT_TRUE(log.saw("cannot hold the surface map"));
+  EXPECT_EQ(pixelRGB(small.get(), 50, 50), 0u);
+}

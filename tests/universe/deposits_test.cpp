@@ -1,0 +1,111 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <cstring>
+
+#include "platform/random.h"
+#include "universe/planet.h"
+
+namespace {
+
+Planet planetWith(int seed, int density, const char* a, const char* b, const char* c) {
+  Planet p;
+  p.Seed = seed;
+  p.MineralDensity = density;
+  std::snprintf(p.Litho[0], sizeof p.Litho[0], "%s", a);
+  std::snprintf(p.Litho[1], sizeof p.Litho[1], "%s", b);
+  std::snprintf(p.Litho[2], sizeof p.Litho[2], "%s", c);
+  return p;
+}
+
+}  // namespace
+
+// Golden lists from tools/planet_reference.py, written from the drawing rules alone.
+TEST(DepositsTest, SeedsGiveTheReferenceDeposits) {
+  struct Case {
+    int seed, density;
+    const char* litho[3];
+    int count;
+    MineralDeposit first, last;
+  };
+  const Case cases[] = {
+      {1, 100, {"Iron", "Titanium", "Platinum"}, 846, {0, 25, 9, 1.45f}, {359, 99, 10, 4.73f}},
+      {73415, 285, {"Iron", "Titanium", "Platinum"}, 2283, {0, 49, 10, 3.20f}, {359, 176, 5, 4.20f}},
+      {2000000000, 5, {"Gold", "Silver", "Nothing"}, 43, {10, 144, 16, 5.64f}, {347, 61, 17, 6.17f}},
+      {-424242, 0, {"Shyneum", "Lead", "Gold"}, 4, {142, 170, 0, 4.34f}, {346, 109, 21, 6.81f}},
+  };
+  for (const Case& c : cases) {
+    const Planet p = planetWith(c.seed, c.density, c.litho[0], c.litho[1], c.litho[2]);
+    MineralDepositList list;
+    ASSERT_EQ(generateMineralDeposits(list, &p), c.count) << c.seed;
+    ASSERT_EQ(list.size(), std::size_t(c.count));
+    for (auto [got, want] : {std::pair{list.front(), c.first}, {list.back(), c.last}}) {
+      EXPECT_EQ(got.x, want.x) << c.seed;
+      EXPECT_EQ(got.y, want.y) << c.seed;
+      EXPECT_EQ(got.kind, want.kind) << c.seed;
+      EXPECT_FLOAT_EQ(got.amount, want.amount) << c.seed;
+    }
+  }
+}
+
+TEST(DepositsTest, DensityDecidesHowManyPointsCarryOne) {
+  struct Case {
+    int density;
+    int least, most;
+  };
+  // 0 still keeps the points where rand() mod 10,000 is exactly 0; 9,999 and more take every point.
+  // rand() tops out at 32,767, so remainders up to 2,767 come a third more often.
+  for (const Case& c :
+       {Case{9999, 64800, 64800}, Case{20000, 64800, 64800}, Case{0, 0, 30}, Case{-1, 0, 0}, Case{100, 700, 950}}) {
+    const Planet p = planetWith(97001, c.density, "Iron", "Iron", "Iron");
+    MineralDepositList list;
+    const int n = generateMineralDeposits(list, &p);
+    EXPECT_TRUE(n >= c.least && n <= c.most) << c.density << ": " << n;
+    EXPECT_EQ(n, int(list.size()));
+    for (const MineralDeposit& d : list) {
+      ASSERT_TRUE(d.x >= 0 && d.x < 360 && d.y >= 0 && d.y < 180 && d.kind < mineralCount);
+      ASSERT_TRUE(d.amount >= 0.0f && d.amount <= 9.99f);
+    }
+    if (c.most == 64800) {
+      EXPECT_EQ(list[1].x, 0);
+      EXPECT_EQ(list[1].y, 1) << "rows run inside columns";
+      EXPECT_EQ(list[180].x, 1);
+    }
+  }
+}
+
+TEST(DepositsTest, SameSeedSameListWhateverWasDrawnBetween) {
+  const Planet p = planetWith(1138, 92, "Silicon", "Iron", "Copper");
+  MineralDepositList a, b;
+  generateMineralDeposits(a, &p);
+  seedRandom(99);
+  for (int i = 0; i < 777; ++i) nextRandom();
+  freeMineralDeposits(b);
+  generateMineralDeposits(b, &p);
+  ASSERT_EQ(a.size(), b.size());
+  for (std::size_t i = 0; i < a.size(); ++i)
+    ASSERT_TRUE(a[i].x == b[i].x && a[i].y == b[i].y && a[i].kind == b[i].kind && a[i].amount == b[i].amount) << i;
+  freeMineralDeposits(a);
+  EXPECT_TRUE(a.empty());
+  EXPECT_EQ(generateMineralDeposits(a, nullptr), 0);
+}
+
+TEST(DepositsTest, LithosphereWeightsTheKinds) {
+  // Every point: the share of each kind follows the table of 100 entries.
+  struct Case {
+    const char* litho[3];
+    int kind;
+    int entries;
+  };
+  for (const Case& c : {Case{{"Gold", "Gold", "Gold"}, 17, 37}, Case{{"Gold", "Silver", "Tin"}, 17, 20},
+                        Case{{"Gold", "Silver", "Tin"}, 16, 14}, Case{{"Gold", "Silver", "Tin"}, 7, 9},
+                        Case{{"Dust", "Rock", "Ice"}, 0, 37}, Case{{"Gold", "Silver", "Tin"}, 21, 3}}) {
+    const Planet p = planetWith(424242, 9999, c.litho[0], c.litho[1], c.litho[2]);
+    MineralDepositList list;
+    generateMineralDeposits(list, &p);
+    const auto n = std::count_if(list.begin(), list.end(), [&](const MineralDeposit& d) { return d.kind == c.kind; });
+    const double share = 100.0 * double(n) / double(list.size());
+    EXPECT_NEAR(share, c.entries, 1.0) << mineralName(std::uint8_t(c.kind));
+  }
+}
