@@ -29,8 +29,8 @@ bool showsText(SDL_Surface* shown, int x, int y, BitmapFont* font, const std::st
   printString(reference.get(), font, 0, 0, "%s", text.c_str());
   for (int row = 0; row < h; ++row)
     for (int col = 0; col < w; ++col)
-      if (const Uint32 want = pixelRGB(reference.get(), col, row); (want || !litOnly) &&
-                                                                     pixelRGB(shown, x + col, y + row) != want)
+      if (const Uint32 want = pixelRGB(reference.get(), col, row);
+          (want || !litOnly) && pixelRGB(shown, x + col, y + row) != want)
         return false;
   return true;
 }
@@ -101,7 +101,7 @@ TEST_F(StatusWindowTest, TextRowsShowTheShip) {
       int x, y, font;
       std::string text;
       bool overlapped = false;  // the gauge rows are closer than a font height; the scale crosses its texts
-      int rows = 1000;          // a gauge row is covered by the one above from 15 rows down; the panel cuts the scale texts
+      int rows = 1000;  // a gauge row is covered by the one above from 15 rows down; the panel cuts the scale texts
     };
     const int nameX = 140 - textWidth(entry(11), "Lark") / 2;
     const Row rows[] = {
@@ -126,7 +126,8 @@ TEST_F(StatusWindowTest, TextRowsShowTheShip) {
         {143, 235, 2, "100%", true, 10},
     };
     for (const Row& r : rows)
-      EXPECT_TRUE(showsText(screen, panelX + r.x, panelY + r.y, entry(r.font), r.text, 1000, r.overlapped, r.rows)) << r.text;
+      EXPECT_TRUE(showsText(screen, panelX + r.x, panelY + r.y, entry(r.font), r.text, 1000, r.overlapped, r.rows))
+          << r.text;
     EXPECT_EQ(currentFont(), entry(2)) << "the panel leaves the ordinary text font current";
   }
   EXPECT_EQ(panel(200, 60), magenta) << "ship image";

@@ -79,7 +79,7 @@ TEST(StatusEndToEnd, SensorSweepEndsWithThePlanetsReadings) {
                                 "0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0\n"
                                 "0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0\n");
   TempDir tmp;
-  std::string script = clickRow(5, 1) + clickRow(14, 0) +  // Science, Sensors
+  std::string script = clickRow(5, 1) + clickRow(14, 0) +                                         // Science, Sensors
                        "at 60 screenshot " + tmp.path("readings.bmp") + "\n" + clickRow(62, 3) +  // Status
                        "at 70 screenshot " + tmp.path("status.bmp") + "\n";
   for (int frame = 15; frame <= 70; ++frame) script += "at " + std::to_string(frame) + " state\n";
