@@ -1,0 +1,297 @@
+#include "displays/status_window.h"
+
+#include <cstdio>
+#include <string>
+#include <utility>
+
+#include "base/screen.h"
+#include "ship/ship.h"
+#include "support/test_support.h"
+#include "surface/globe.h"
+#include "ui/bitmap_font.h"
+#include "ui/font_builder.h"
+#include "universe/planet.h"
+
+namespace {
+
+constexpr Uint32 red = 0xFF0000, green = 0x00FF00, yellow = 0xFFFF00, white = 0xFFFFFF, magenta = 0xFF00FF;
+constexpr int panelX = 515, panelY = 5;
+
+BitmapFont* entry(int i) { return fontTable.fonts[i]; }
+
+// Whether `text`, printed alone in `font`, shows on `shown` at (x, y): every pixel
+// of its box, at most `width` columns of it, is the same; or, where the box
+// overlaps other drawing (`litOnly`), every lit pixel of the text.
+bool showsText(SDL_Surface* shown, int x, int y, BitmapFont* font, const std::string& text, int width = 1000,
+               bool litOnly = false, int rows = 1000) {
+  const int w = std::min(textWidth(font, text.c_str()), width), h = std::min(fontHeight(font), rows);
+  SurfacePtr reference = blankSurface(w + 1, fontHeight(font));
+  printString(reference.get(), font, 0, 0, "%s", text.c_str());
+  for (int row = 0; row < h; ++row)
+    for (int col = 0; col < w; ++col)
+      if (const Uint32 want = pixelRGB(reference.get(), col, row);
+          (want || !litOnly) && pixelRGB(shown, x + col, y + row) != want)
+        return false;
+  return true;
+}
+
+class StatusWindowTest : public GameTest {
+ protected:
+  void SetUp() override {
+    GameTest::SetUp();
+    SDL_FillRect(screen, nullptr, 0);
+    shipImage = blankSurface(4, 4);
+    SDL_FillRect(shipImage.get(), nullptr, magenta);
+    savedShipImage = std::exchange(shipImages[0], shipImage.get());
+    std::snprintf(ship.shipName, sizeof ship.shipName, "Lark");
+    std::snprintf(ship.shipClass, sizeof ship.shipClass, "Scout");
+    std::snprintf(ship.shipType, sizeof ship.shipType, "Probe");
+    ship.engine.engineClass = 3;
+    ship.engine.warpCurrent = 2;
+    ship.shield.shieldClass = 4;
+    ship.shield.shieldMax = 100;
+    ship.shield.shieldCurrent = 0;
+    ship.armorClass = 5;
+    ship.armorMax = 50;
+    ship.armorCurrent = 7;
+    ship.hullMax = 200;
+    ship.hullCurrent = 50;
+    ship.fuel = 321;
+    ship.cargoHoldCount = 4;
+    ship.shipHoldFree = 150.0f;
+    ship.hardPointCount = 2;
+    initStatusWindow(shipImages, &fontTable, &ship);
+  }
+  void TearDown() override { shipImages[0] = savedShipImage; }
+  // A pixel of the panel, which sits at (515, 5) on the screen.
+  static Uint32 panel(int x, int y) { return pixelRGB(screen, panelX + x, panelY + y); }
+  // The last x of a bar's full-strength centre row, from its start at 50.
+  static int barEnd(int y, Uint32 colour) {
+    int x = 50;
+    while (x < 279 && (panel(x + 1, y) == colour || panel(x + 1, y) == white)) ++x;
+    return x;
+  }
+
+  Ship ship;
+  SurfacePtr shipImage;
+  SDL_Surface* savedShipImage = nullptr;
+};
+
+TEST_F(StatusWindowTest, InitialisationLogsAndResetsItsCounters) {
+  shieldDisplay = 70, globeFrame = 12;
+  setScanProgress(44);
+  LogWatch log;
+  initStatusWindow(shipImages, &fontTable, &ship);
+  EXPECT_TRUE(log.saw("Initializing Status Window"));
+  EXPECT_EQ(shieldDisplay, 0);
+  EXPECT_EQ(globeFrame, 0);
+  EXPECT_EQ(scanProgress(), 0);
+}
+
+// Every text row, in its font and place, for the ship with shields up and weapons
+// down and the other way round.
+TEST_F(StatusWindowTest, TextRowsShowTheShip) {
+  const int h = fontTable.heights[2];
+  for (int online = 0; online < 2; ++online) {
+    SCOPED_TRACE(online ? "shields online" : "weapons online");
+    ship.shieldsOnline = online;
+    ship.weaponsOnline = 1 - online;
+    drawStatusWindow(screen);
+    struct Row {
+      int x, y, font;
+      std::string text;
+      bool overlapped = false;  // the gauge rows are closer than a font height; the scale crosses its texts
+      int rows = 1000;  // a gauge row is covered by the one above from 15 rows down; the panel cuts the scale texts
+    };
+    const int nameX = 140 - textWidth(entry(11), "Lark") / 2;
+    const Row rows[] = {
+        {nameX, 0, 11, "Lark"},
+        {0, 20, 2, "Ship Class   : Scout"},
+        {0, 20 + h, 2, "Ship Type    : Probe"},
+        {0, 20 + 2 * h, 2, "Engine Class : 3"},
+        {0, 20 + 3 * h, 2, "Shield Class : 4"},
+        {0, 20 + 4 * h, 2, "Armor Class  : 5"},
+        {0, 20 + 5 * h, 2, "Fuel Remain  : 321"},
+        {0, 20 + 6 * h, 2, "Cargo Holds  : 50.00 / 200"},
+        {0, 20 + 7 * h, 2, "HardPoints   : 2"},
+        {0, 20 + 8 * h, 2, "Warp Speed   : 2 / 3"},
+        {0, 20 + 9 * h, 2, "Shield Status:"},
+        {105, 20 + 9 * h, online ? 5 : 4, online ? "ONLINE" : "OFFLINE"},
+        {0, 20 + 10 * h, 2, "Weapon Status:"},
+        {105, 20 + 10 * h, online ? 4 : 5, online ? "OFFLINE" : "ONLINE"},
+        {279 - textWidth(entry(2), "Hull Integraty"), 220, 2, "Hull Integraty", true},
+        {279 - textWidth(entry(2), "Armor Strength"), 205, 2, "Armor Strength", true, 15},
+        {279 - textWidth(entry(2), "Shield Strength"), 190, 2, "Shield Strength", true, 15},
+        {43, 235, 2, "0%", true, 10},
+        {143, 235, 2, "100%", true, 10},
+    };
+    for (const Row& r : rows)
+      EXPECT_TRUE(showsText(screen, panelX + r.x, panelY + r.y, entry(r.font), r.text, 1000, r.overlapped, r.rows))
+          << r.text;
+    EXPECT_EQ(currentFont(), entry(2)) << "the panel leaves the ordinary text font current";
+  }
+  EXPECT_EQ(panel(200, 60), magenta) << "ship image";
+  EXPECT_EQ(panel(203, 63), magenta);
+}
+
+// Gauge numbers take at least three digits; bars run from 50 to 50 + 100 x the
+// fraction, the shield bar showing the value that follows the charge.
+TEST_F(StatusWindowTest, GaugesShowTheirValuesAndBars) {
+  struct Case {
+    int hull, hullMax, armor, armorMax, shield, shieldMax;
+    const char *hullText, *armorText, *shieldText;
+    int hullEnd, armorEnd, shieldEnd;
+  };
+  const Case cases[] = {
+      {50, 200, 7, 50, 0, 100, "050/200", "007/050", "000/100", 75, 64, 50},
+      {200, 200, 25, 50, 5, 40, "200/200", "025/050", "005/040", 150, 100, 62},
+      // No maximum: nothing to fill, and no division by zero.
+      {0, 0, 3, 0, 0, 0, "000/000", "003/000", "000/000", 50, 50, 50},
+      // Above the maximum the bar stops at the panel's edge.
+      {999, 100, 1234, 10, 0, 100, "999/100", "1234/010", "000/100", 279, 279, 50},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.hullText);
+    ship.hullCurrent = c.hull, ship.hullMax = c.hullMax;
+    ship.armorCurrent = c.armor, ship.armorMax = c.armorMax;
+    ship.shield.shieldCurrent = c.shield, ship.shield.shieldMax = c.shieldMax;
+    shieldDisplay = c.shield;
+    drawStatusWindow(screen);
+    // The value texts reach the bars' glow at x 45; compare what is left of it.
+    EXPECT_TRUE(showsText(screen, panelX, panelY + 220, entry(2), c.hullText, 44));
+    EXPECT_TRUE(showsText(screen, panelX, panelY + 205, entry(2), c.armorText, 44));
+    EXPECT_TRUE(showsText(screen, panelX, panelY + 190, entry(2), c.shieldText, 44));
+    EXPECT_EQ(barEnd(225, red), c.hullEnd);
+    EXPECT_EQ(barEnd(210, yellow), c.armorEnd);
+    EXPECT_EQ(barEnd(195, green), c.shieldEnd);
+  }
+}
+
+TEST_F(StatusWindowTest, ScaleLinesAreWhiteFrom190To235) {
+  drawStatusWindow(screen);
+  for (int x : {50, 75, 100, 125, 150}) {
+    EXPECT_EQ(panel(x, 190), white) << x;
+    EXPECT_EQ(panel(x, 235), white) << x;
+    EXPECT_NE(panel(x, 189), white) << x;
+  }
+}
+
+// The shield bar moves 10 a drawing toward the charge and snaps when within 10.
+TEST_F(StatusWindowTest, ShieldBarFollowsTheChargeTenADrawing) {
+  struct Case {
+    int from, charge;
+    std::vector<int> shown;
+  };
+  const Case cases[] = {
+      {0, 35, {10, 20, 30, 35, 35}},
+      {100, 95, {95, 95}},
+      {50, 0, {40, 30, 20, 10, 0}},
+      {-5, 4, {4}},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(testing::Message() << c.from << " toward " << c.charge);
+    shieldDisplay = c.from;
+    ship.shield.shieldCurrent = c.charge;
+    for (int expected : c.shown) {
+      drawStatusWindow(screen);
+      EXPECT_EQ(shieldDisplay, expected);
+      EXPECT_EQ(barEnd(195, green), 50 + expected);  // shieldMax 100: one pixel a unit
+    }
+  }
+}
+
+TEST_F(StatusWindowTest, GlobeTurnsThroughItsTwentyImagesAndSkipsMissingOnes) {
+  SurfacePtr images[globeImageCount];
+  SDL_Surface* saved[globeImageCount];
+  for (int i = 0; i < globeImageCount; ++i) {
+    images[i] = blankSurface(2, 2);
+    SDL_FillRect(images[i].get(), nullptr, 0x010000u * (i + 1));
+    saved[i] = std::exchange(globeImages[i], i == 7 ? nullptr : images[i].get());
+  }
+  for (int call = 0; call < 2 * globeImageCount + 1; ++call) {
+    SDL_FillRect(screen, nullptr, 0);
+    drawGlobeFrame(screen);
+    const int i = call % globeImageCount;
+    EXPECT_EQ(pixelRGB(screen, 596, 121), i == 7 ? 0u : 0x010000u * (i + 1)) << "call " << call;
+    EXPECT_EQ(pixelRGB(screen, 597, 122), 0u);
+  }
+  globeFrame = 25;  // out of range: starts over instead of reading past the images
+  drawGlobeFrame(screen);
+  EXPECT_EQ(globeFrame, 1);
+  for (int i = 0; i < globeImageCount; ++i) globeImages[i] = saved[i];
+}
+
+TEST_F(StatusWindowTest, PlanetLabelsStandAtTheLeftOfThePane) {
+  drawPlanetLabels(screen);
+  const std::pair<int, const char*> labels[] = {
+      {15, "Orbital Lane:"}, {35, "Mass:"}, {55, "Gravity:"}, {75, "Temperature:"}, {95, "Mineral Density:"}};
+  for (auto [y, text] : labels) EXPECT_TRUE(showsText(screen, 520, y, entry(2), text)) << text;
+}
+
+// A line of the sweep at x with alpha a over black: (128, 128, 255) blended.
+Uint32 sweepColour(int alpha) {
+  const Uint32 rg = 128 * alpha >> 8, b = alpha == 255 ? 255 : 255 * alpha >> 8;
+  return rg << 16 | rg << 8 | b;
+}
+
+TEST_F(StatusWindowTest, SweepLinesTrailTheLeadingLineInsideTheGlobe) {
+  struct Case {
+    int progress, firstLit, lastLit;  // lit x range on the screen; empty when first > last
+  };
+  const Case cases[] = {{0, 601, 605}, {20, 611, 625}, {100, 691, 704}, {112, 703, 704}, {116, 1, 0}};
+  for (const Case& c : cases) {
+    SCOPED_TRACE(testing::Message() << "progress " << c.progress);
+    SDL_FillRect(screen, nullptr, 0);
+    setScanProgress(c.progress);
+    drawPlanetScan(screen, 0, nullptr);
+    for (int x = 598; x < 710; ++x) {
+      const bool lit = x >= c.firstLit && x <= c.lastLit;
+      const Uint32 expected = lit ? sweepColour(255 - 15 * (c.progress + 605 - x)) : 0;
+      const Uint32 got = pixelRGB(screen, x, 180);
+      // The blend may round a unit either way.
+      EXPECT_LE(std::abs(int(got & 0xFF) - int(expected & 0xFF)), 1) << x;
+      EXPECT_EQ(got != 0, lit) << x;
+      EXPECT_EQ(pixelRGB(screen, x, 124), 0u) << x;
+      EXPECT_EQ(pixelRGB(screen, x, 231), 0u) << x;
+    }
+  }
+}
+
+// A sweep takes 30 drawings; the readings appear on the 30th, after their labels
+// as measured in the value font, and the counter starts over.
+TEST_F(StatusWindowTest, SweepEndsWithTheReadingsOnTheThirtiethDrawing) {
+  Planet planet;
+  planet.Mass = 1.22f;
+  planet.MassExponent = 23;
+  planet.Gravity = 0.98f;
+  planet.MinTemp = -20;
+  planet.MaxTemp = 40;
+  planet.MineralDensity = 55;
+  BitmapFont* value = entry(4);
+  const auto after = [value](const char* label) { return 520 + textWidth(value, label); };
+  const auto readingsShown = [&] {
+    return showsText(screen, after("Orbital Lane: "), 15, value, "6") &&
+           showsText(screen, after("Mass: "), 35, value, "1.22 x 10") &&
+           showsText(screen, 2 + after("Mass: 1.22 x 10"), 33, entry(1), "23") &&
+           showsText(screen, after("Gravity: "), 55, value, "0.98g") &&
+           showsText(screen, after("Temperature: "), 75, value, "-20c to 40c") &&
+           showsText(screen, after("Mineral Density: "), 95, value, "55");
+  };
+  setScanProgress(0);
+  for (int call = 1; call <= 29; ++call) {
+    SDL_FillRect(screen, nullptr, 0);
+    drawPlanetScan(screen, 6, &planet);
+    ASSERT_EQ(scanProgress(), 4 * call);
+    ASSERT_FALSE(readingsShown()) << "call " << call;
+  }
+  SDL_FillRect(screen, nullptr, 0);
+  drawPlanetScan(screen, 6, &planet);
+  EXPECT_EQ(scanProgress(), 0);
+  EXPECT_TRUE(readingsShown());
+
+  setScanProgress(118);  // an odd count still ends its sweep
+  drawPlanetScan(screen, 6, &planet);
+  EXPECT_EQ(scanProgress(), 0);
+}
+
+}  // namespace
