@@ -1,5 +1,7 @@
 // The ship configuration window: marker reach, selection order, closing,
 // the info panel and the word wrapping, read back from the screen.
+#include "displays/ship_config.h"
+
 #include <SDL.h>
 #include <gtest/gtest.h>
 
@@ -8,7 +10,6 @@
 
 #include "base/game_state.h"
 #include "base/screen.h"
-#include "displays/ship_config.h"
 #include "ship/cargo.h"
 #include "ship/ship.h"
 #include "support/test_support.h"
@@ -18,7 +19,7 @@
 namespace {
 
 // Marker points on the large image; on screen they lie 10 right and 50 down.
-constexpr MarkerPoint engineAt{215, 470};  // screen (225, 520)
+constexpr MarkerPoint engineAt{215, 470};     // screen (225, 520)
 constexpr MarkerPoint hardPointAt{225, 470};  // screen (235, 520), in reach of the engine's too
 
 class ShipConfigTest : public GameTest {
@@ -67,8 +68,8 @@ TEST(ShipConfigMarkers, ReachIsATruncatedDistanceBelowEleven) {
   const struct {
     int dx, dy;
     bool hit;
-  } cases[] = {{0, 0, true},  {10, 0, true},  {11, 0, false}, {-10, 0, true}, {0, -11, false},
-               {7, 8, true},  {8, 8, false},  {-7, -8, true}, {8, -7, true},  {6, 9, true}};
+  } cases[] = {{0, 0, true}, {10, 0, true}, {11, 0, false}, {-10, 0, true}, {0, -11, false},
+               {7, 8, true}, {8, 8, false}, {-7, -8, true}, {8, -7, true},  {6, 9, true}};
   for (const auto& c : cases) {
     EXPECT_EQ(markersHit(engine, 225 + c.dx, 520 + c.dy), c.hit) << c.dx << "," << c.dy;
     EXPECT_EQ(pointDistance(0, 0, c.dx, c.dy) < 11, c.hit) << c.dx << "," << c.dy;
@@ -80,26 +81,14 @@ TEST(ShipConfigMarkers, ReachIsATruncatedDistanceBelowEleven) {
   EXPECT_TRUE(markersHit(MarkerList{{0, 0}, engineAt}, 225, 520));
 }
 
-TEST_F(ShipConfigTest, MotionSetsTheHoverFlagOfEachComponentInReach) {
-  shipConfigMouseMotion(230, 520);  // engine 5 away, hardpoint 0 5 away
-  EXPECT_EQ(shipConfig.engineHover, 1);
-  EXPECT_EQ(shipConfig.hardPointHover[0], 1);
-  EXPECT_EQ(shipConfig.shieldHover, 0);
-  EXPECT_EQ(shipConfig.hardPointHover[1], 0);
-  shipConfigMouseMotion(110, 150);
-  EXPECT_EQ(shipConfig.engineHover, 0);
-  EXPECT_EQ(shipConfig.shieldHover, 1);
-}
-
 TEST_F(ShipConfigTest, ReleaseSelectsTheFirstComponentHitElseTheShip) {
   const struct {
     int x, y;
     int selected;
-  } cases[] = {{230, 520, EngineSelected},   // both in reach: the engine wins
-               {244, 520, firstHardPoint},   // the hardpoint alone
-               {110, 150, ShieldSelected},   {110, 350, PowerPlantSelected},
-               {410, 450, firstHardPoint + 1}, {310, 250, firstHardPoint + 2},
-               {600, 300, ShipSelected},     {775, 20, ShipSelected}};
+  } cases[] = {{230, 520, EngineSelected},  // both in reach: the engine wins
+               {244, 520, firstHardPoint},  // the hardpoint alone
+               {110, 150, ShieldSelected},     {110, 350, PowerPlantSelected}, {410, 450, firstHardPoint + 1},
+               {310, 250, firstHardPoint + 2}, {600, 300, ShipSelected},       {775, 20, ShipSelected}};
   for (const auto& c : cases) {
     shipConfig.selectedComponent = EngineSelected;
     releaseAt(c.x, c.y);
@@ -151,13 +140,13 @@ TEST_F(ShipConfigTest, PanelTitleNamesTheSelectionAndHardPointsCountFromOne) {
 TEST_F(ShipConfigTest, SelectedMarkerIsFilledAndLedToThePanel) {
   shipConfig.selectedComponent = EngineSelected;
   drawShipConfig(screen);
-  EXPECT_EQ(pixelRGB(screen, 0, 0), 0x8080FFu);   // the frame
+  EXPECT_EQ(pixelRGB(screen, 0, 0), 0x8080FFu);           // the frame
   EXPECT_EQ(pixelRGB(screen, 225 + 11, 520), 0xFFFFFFu);  // a ring, opaque white when selected
   // Blue at alpha 144 over black, the leader's end dot covering only the centre.
   const Uint32 fill = pixelRGB(screen, 225 + 6, 520 + 6);
   EXPECT_EQ(fill >> 16, 0u);
   EXPECT_GT(fill & 0xFF, 0x70u);
-  EXPECT_EQ(pixelRGB(screen, 540, 60), 0xFF4040u);  // the line from 526 to 550
+  EXPECT_EQ(pixelRGB(screen, 540, 60), 0xFF4040u);   // the line from 526 to 550
   EXPECT_EQ(pixelRGB(screen, 224, 520), 0xFF4040u);  // the leader's dot, left of hardpoint 0's squares
   // A hardpoint not selected: squares, not filled, at alpha 144.
   const Uint32 square = pixelRGB(screen, 410 + 10, 450);
@@ -179,8 +168,8 @@ TEST_F(ShipConfigTest, WrappingBreaksBeforeTheWordThatWouldPassTheWidth) {
                {"aaa bbb", fits - 1, 2},
                {"  aaa \t\n bbb  ", fits, 1},  // runs of blanks count as one
                {"", 240, 1},
-               {std::string(60, 'w'), 240, 2},  // wider than the line: an empty line first
-               {std::string(300, 'w'), 240, 4},  // pieces of 118 after the empty line
+               {std::string(60, 'w'), 240, 2},                     // wider than the line: an empty line first
+               {std::string(300, 'w'), 240, 4},                    // pieces of 118 after the empty line
                {"a " + std::string(118, 'w') + " b", 100000, 3}};  // the 119-character line is full
   for (const auto& c : cases) {
     SDL_FillRect(screen, nullptr, 0);
@@ -201,9 +190,9 @@ TEST(ShipConfigDescription, LongTextIsCutToTheWorkingBufferAtAWordBoundary) {
     std::size_t size;
   } cases[] = {{"short", 5},
                {std::string(9999, 'x'), 9999},
-               {std::string(10000, 'x'), 9999},    // one word: cut where the buffer ends
+               {std::string(10000, 'x'), 9999},         // one word: cut where the buffer ends
                {std::string(9998, 'x') + " yy", 9999},  // the cut leaves a lone blank at the end
-               {words, 9997}};  // the last whole "ore " ends at 9997; the split one goes
+               {words, 9997}};                          // the last whole "ore " ends at 9997; the split one goes
   for (const auto& c : cases) {
     const std::string cut = descriptionForPanel(c.text);
     EXPECT_EQ(cut.size(), c.size) << c.text.size();

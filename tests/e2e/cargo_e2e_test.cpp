@@ -49,11 +49,12 @@ TEST(CargoEndToEnd, OpenSelectAndJettisonIron) {
                              "at 18 state\n"
                              "at 20 mouse move 125 95\nat 22 mouse down\nat 24 mouse up\n"
                              "at 26 mouse down\nat 28 mouse up\n"
-                             "at 30 screenshot " + shot + "\n"
+                             "at 30 screenshot " +
+                             shot +
+                             "\n"
                              "at 32 mouse move 200 550\nat 34 mouse down\nat 36 mouse up\n"
                              "at 40 state\n";
-  const RunResult r =
-      runGame("--data '" + data + "' --unthrottled --frames 40 --script " + tmp.write("s.txt", script));
+  const RunResult r = runGame("--data '" + data + "' --unthrottled --frames 40 --script " + tmp.write("s.txt", script));
   ASSERT_EQ(r.status, 0) << r.err;
   const std::vector<std::string> states = stateLines(r.out);
   ASSERT_EQ(states.size(), 2u) << r.out;
@@ -83,7 +84,9 @@ TEST(ShipConfigEndToEnd, EOpensTheWindowAClickOnTheEngineSelectsItAndXCloses) {
   const std::string script =
       "at 1 key down e\nat 2 key up e\n"
       "at 4 mouse move 225 520\nat 6 mouse down\nat 8 mouse up\n"
-      "at 10 state\nat 10 screenshot " + shot + "\n"
+      "at 10 state\nat 10 screenshot " +
+      shot +
+      "\n"
       "at 12 mouse move 775 20\nat 14 mouse down\nat 16 mouse up\n"
       "at 20 state\n";
   const RunResult r = runGame("--unthrottled --frames 20 --script " + tmp.write("s.txt", script));
@@ -97,8 +100,8 @@ TEST(ShipConfigEndToEnd, EOpensTheWindowAClickOnTheEngineSelectsItAndXCloses) {
 
   const SurfacePtr image(SDL_LoadBMP(shot.c_str()));
   ASSERT_NE(image, nullptr);
-  EXPECT_EQ(pixelRGB(image.get(), 0, 300), 0x8080FFu);     // the window's frame
-  EXPECT_EQ(pixelRGB(image.get(), 540, 60), 0xFF4040u);    // the leader to the panel
+  EXPECT_EQ(pixelRGB(image.get(), 0, 300), 0x8080FFu);         // the window's frame
+  EXPECT_EQ(pixelRGB(image.get(), 540, 60), 0xFF4040u);        // the leader to the panel
   EXPECT_EQ(pixelRGB(image.get(), 225 + 11, 520), 0xFFFFFFu);  // the selected engine's ring
 }
 
