@@ -4,6 +4,7 @@
 #include <sstream>
 
 #include "base/game_state.h"
+#include "displays/ship_config.h"
 #include "shell/command_window.h"
 #include "ship/ship.h"
 #include "universe/star_map.h"
@@ -82,6 +83,7 @@ std::string gameStateJson() {
   field("cargoWasShown", s.cargoWasShown);
   field("navigationWasShown", s.navigationWasShown);
   field("configWasShown", s.configWasShown);
+  field("selectedComponent", shipConfig.selectedComponent);
   field("mouseX", s.mouseX);
   field("mouseY", s.mouseY);
   field("upHeld", s.upHeld);

@@ -1,0 +1,227 @@
+// The ship configuration window: marker reach, selection order, closing,
+// the info panel and the word wrapping, read back from the screen.
+#include "displays/ship_config.h"
+
+#include <SDL.h>
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <string>
+
+#include "base/game_state.h"
+#include "base/screen.h"
+#include "ship/cargo.h"
+#include "ship/ship.h"
+#include "support/test_support.h"
+#include "ui/bitmap_font.h"
+#include "ui/font_builder.h"
+
+namespace {
+
+// Marker points on the large image; on screen they lie 10 right and 50 down.
+constexpr MarkerPoint engineAt{215, 470};     // screen (225, 520)
+constexpr MarkerPoint hardPointAt{225, 470};  // screen (235, 520), in reach of the engine's too
+
+class ShipConfigTest : public GameTest {
+ protected:
+  void SetUp() override {
+    GameTest::SetUp();
+    ship = Ship{};
+    std::strcpy(ship.shipClass, "NoSuchShip");
+    std::strcpy(ship.shipType, "Test Hull");
+    ship.description = "A plain hull.";
+    ship.engine.description = ship.shield.description = ship.powerPlant.description = "Stock part.";
+    ship.engineMarkers = {engineAt};
+    ship.shieldMarkers = {{100, 100}};
+    ship.powerPlantMarkers = {{100, 300}};
+    ship.hardPointCount = 3;
+    ship.hardPoints[0].markers = {hardPointAt};
+    ship.hardPoints[1].markers = {{400, 400}};
+    ship.hardPoints[2].markers = {{300, 200}};
+    std::strcpy(ship.hardPoints[2].weaponName, "PulseLaser");
+    ship.hardPoints[2].weapon.description = "Pew.";
+    initShipConfig(&fontTable);
+    loadLargeShipImage(&ship);  // missing: the window draws without it
+    shipConfig.selectedComponent = ShipSelected;
+    gameState.configOpen = 1;
+    SDL_FillRect(screen, nullptr, 0);
+  }
+  void releaseAt(int x, int y) {
+    shipConfigMouseMotion(x, y);
+    shipConfigMouseDown();
+    shipConfigMouseUp();
+  }
+  Ship ship;
+};
+
+int litPixels(SDL_Surface* s, int x1, int y1, int x2, int y2) {
+  int lit = 0;
+  for (int y = y1; y < y2; ++y)
+    for (int x = x1; x < x2; ++x) lit += pixelRGB(s, x, y) != 0;
+  return lit;
+}
+
+TEST(ShipConfigMarkers, ReachIsATruncatedDistanceBelowEleven) {
+  shipConfig.imageX = 10;
+  shipConfig.imageY = 50;
+  const MarkerList engine{engineAt};
+  const struct {
+    int dx, dy;
+    bool hit;
+  } cases[] = {{0, 0, true}, {10, 0, true}, {11, 0, false}, {-10, 0, true}, {0, -11, false},
+               {7, 8, true}, {8, 8, false}, {-7, -8, true}, {8, -7, true},  {6, 9, true}};
+  for (const auto& c : cases) {
+    EXPECT_EQ(markersHit(engine, 225 + c.dx, 520 + c.dy), c.hit) << c.dx << "," << c.dy;
+    EXPECT_EQ(pointDistance(0, 0, c.dx, c.dy) < 11, c.hit) << c.dx << "," << c.dy;
+  }
+  EXPECT_EQ(pointDistance(0, 0, 7, 8), 10);  // sqrt(113) = 10.6
+  EXPECT_EQ(pointDistance(0, 0, 8, 8), 11);  // sqrt(128) = 11.3
+  EXPECT_FALSE(markersHit(MarkerList{}, 10, 50));
+  // A later point of the list counts as well as the first.
+  EXPECT_TRUE(markersHit(MarkerList{{0, 0}, engineAt}, 225, 520));
+}
+
+TEST_F(ShipConfigTest, ReleaseSelectsTheFirstComponentHitElseTheShip) {
+  const struct {
+    int x, y;
+    int selected;
+  } cases[] = {{230, 520, EngineSelected},  // both in reach: the engine wins
+               {244, 520, firstHardPoint},  // the hardpoint alone
+               {110, 150, ShieldSelected},     {110, 350, PowerPlantSelected}, {410, 450, firstHardPoint + 1},
+               {310, 250, firstHardPoint + 2}, {600, 300, ShipSelected},       {775, 20, ShipSelected}};
+  for (const auto& c : cases) {
+    shipConfig.selectedComponent = EngineSelected;
+    releaseAt(c.x, c.y);
+    EXPECT_EQ(shipConfig.selectedComponent, c.selected) << c.x << "," << c.y;
+  }
+}
+
+TEST_F(ShipConfigTest, ReleaseOnCloseSelectsTheShipAndCloses) {
+  shipConfig.selectedComponent = ShieldSelected;
+  drawShipConfig(screen);
+  EXPECT_EQ(gameState.configOpen, 1);
+  releaseAt(775, 20);
+  EXPECT_EQ(shipConfig.selectedComponent, ShipSelected);
+  drawShipConfig(screen);
+  EXPECT_EQ(gameState.configOpen, 0);
+}
+
+TEST_F(ShipConfigTest, PanelTitleNamesTheSelectionAndHardPointsCountFromOne) {
+  const struct {
+    int selected;
+    const char* title;
+  } cases[] = {{ShipSelected, "Ship"},
+               {EngineSelected, "Engine"},
+               {ShieldSelected, "Shields"},
+               {PowerPlantSelected, "Power Plant"},
+               {firstHardPoint + 2, "HardPoint 3"},
+               {firstHardPoint + 9, "HardPoint 10"}};
+  BitmapFont* titleFont = fontTable.fonts[10];
+  for (const auto& c : cases) {
+    shipConfig.selectedComponent = c.selected;
+    SDL_FillRect(screen, nullptr, 0);
+    drawComponentInfo(screen);
+    const SurfacePtr reference = blankSurface(800, 600);
+    setCurrentFont(titleFont);
+    printString(reference.get(), 672 - textWidth(titleFont, c.title) / 2, 51, "%s", c.title);
+    int differ = 0;
+    for (int y = 52; y < 70; ++y)
+      for (int x = 551; x < 790; ++x) differ += pixelRGB(screen, x, y) != pixelRGB(reference.get(), x, y);
+    EXPECT_EQ(differ, 0) << c.title;
+    EXPECT_EQ(pixelRGB(screen, 550, 50), 0xFF4040u) << c.title;
+    EXPECT_EQ(pixelRGB(screen, 790, 70), 0xFF4040u) << c.title;
+    // A hardpoint has a third row, "Energy Output: ", and its text starts lower.
+    const bool hardPoint = c.selected >= firstHardPoint;
+    EXPECT_EQ(litPixels(screen, 550, 120, 790, 134) > 0, true) << c.title;
+    EXPECT_EQ(litPixels(screen, 550, 140, 790, 154) > 0, hardPoint && c.selected == firstHardPoint + 2) << c.title;
+  }
+}
+
+TEST_F(ShipConfigTest, SelectedMarkerIsFilledAndLedToThePanel) {
+  shipConfig.selectedComponent = EngineSelected;
+  drawShipConfig(screen);
+  EXPECT_EQ(pixelRGB(screen, 0, 0), 0x8080FFu);           // the frame
+  EXPECT_EQ(pixelRGB(screen, 225 + 11, 520), 0xFFFFFFu);  // a ring, opaque white when selected
+  // Blue at alpha 144 over black, the leader's end dot covering only the centre.
+  const Uint32 fill = pixelRGB(screen, 225 + 6, 520 + 6);
+  EXPECT_EQ(fill >> 16, 0u);
+  EXPECT_GT(fill & 0xFF, 0x70u);
+  EXPECT_EQ(pixelRGB(screen, 540, 60), 0xFF4040u);   // the line from 526 to 550
+  EXPECT_EQ(pixelRGB(screen, 224, 520), 0xFF4040u);  // the leader's dot, left of hardpoint 0's squares
+  // A hardpoint not selected: squares, not filled, at alpha 144.
+  const Uint32 square = pixelRGB(screen, 410 + 10, 450);
+  EXPECT_GT(square & 0xFF, 0x80u);
+  EXPECT_LT(square & 0xFF, 0xFFu);
+  EXPECT_EQ(pixelRGB(screen, 410, 450), 0u);
+  EXPECT_EQ(litPixels(screen, 10, 10, 300, 30) > 0, true) << "the window's title";
+}
+
+TEST_F(ShipConfigTest, WrappingBreaksBeforeTheWordThatWouldPassTheWidth) {
+  setCurrentFont(fontTable.fonts[2]);
+  const int fits = textWidth(fontTable.fonts[2], "aaa ") + textWidth(fontTable.fonts[2], "bbb");
+  const int lineHeight = fontTable.heights[7];
+  const struct {
+    std::string text;
+    int width;
+    int lines;
+  } cases[] = {{"aaa bbb", fits, 1},
+               {"aaa bbb", fits - 1, 2},
+               {"  aaa \t\n bbb  ", fits, 1},  // runs of blanks count as one
+               {"", 240, 1},
+               {std::string(60, 'w'), 240, 2},                     // wider than the line: an empty line first
+               {std::string(300, 'w'), 240, 4},                    // pieces of 118 after the empty line
+               {"a " + std::string(118, 'w') + " b", 100000, 3}};  // the 119-character line is full
+  for (const auto& c : cases) {
+    SDL_FillRect(screen, nullptr, 0);
+    EXPECT_EQ(wrapText(screen, c.text.c_str(), c.width, 20, 100), c.lines) << c.text.substr(0, 20);
+  }
+  // The unbroken word stands on the second line; the first is empty.
+  SDL_FillRect(screen, nullptr, 0);
+  wrapText(screen, std::string(60, 'w').c_str(), 240, 550, 120);
+  EXPECT_EQ(litPixels(screen, 550, 120, 800, 120 + lineHeight), 0);
+  EXPECT_GT(litPixels(screen, 550, 120 + lineHeight, 800, 120 + 2 * lineHeight), 0);
+}
+
+TEST(ShipConfigDescription, LongTextIsCutToTheWorkingBufferAtAWordBoundary) {
+  std::string words = "x";
+  while (words.size() < 20000) words += "ore ";
+  const struct {
+    std::string text;
+    std::size_t size;
+  } cases[] = {{"short", 5},
+               {std::string(9999, 'x'), 9999},
+               {std::string(10000, 'x'), 9999},         // one word: cut where the buffer ends
+               {std::string(9998, 'x') + " yy", 9999},  // the cut leaves a lone blank at the end
+               {words, 9997}};                          // the last whole "ore " ends at 9997; the split one goes
+  for (const auto& c : cases) {
+    const std::string cut = descriptionForPanel(c.text);
+    EXPECT_EQ(cut.size(), c.size) << c.text.size();
+    EXPECT_EQ(c.text.compare(0, cut.size(), cut), 0) << "a prefix of the text";
+  }
+}
+
+TEST_F(ShipConfigTest, AHugeDescriptionIsDrawnWithoutOverrunningAnything) {
+  std::string huge;
+  while (huge.size() < 30000) huge += std::string(150, 'q') + " ";
+  ship.description = huge;
+  LogWatch log;
+  drawShipConfig(screen);
+  drawShipConfig(screen);
+  EXPECT_TRUE(log.saw("Description cut to 9999 bytes"));
+  EXPECT_EQ(log.lines().size(), 1u) << "logged once, not every frame";
+}
+
+TEST_F(ShipConfigTest, LoadingTheLargeImageLogsItsPath) {
+  LogWatch log;
+  std::strcpy(ship.shipClass, "Surveyor");
+  loadLargeShipImage(&ship);
+  EXPECT_TRUE(log.saw("Loading large ship image: .\\Ships\\Surveyor_large.bmp"));
+  ASSERT_NE(shipConfig.largeImage, nullptr);
+  drawShipConfig(screen);
+  EXPECT_NE(pixelRGB(screen, 20, 300), 0u) << "the schematic at (10, 50)";
+  std::strcpy(ship.shipClass, "Nothing");
+  loadLargeShipImage(&ship);
+  EXPECT_TRUE(log.saw("Large ship image missing: .\\Ships\\Nothing_large.bmp"));
+}
+
+}  // namespace
