@@ -26,7 +26,6 @@ namespace {
 // The system plan is 281 x 246 cells.
 constexpr int systemWidth = 281;
 constexpr int systemHeight = 246;
-constexpr float roverHoldSize = 50.0f;
 
 // The saved game being read and the number of its line in hand, for reports.
 std::string savedFile;
@@ -217,7 +216,7 @@ bool loadGame(const char* path) {
         section = Section::RoverHold;
         break;
       case Section::RoverHold:
-        playerShip.roverHoldFree = roverHoldSize - readHold(line, playerShip.roverHold, "rover's");
+        playerShip.roverHoldFree = roverHoldCapacity - readHold(line, playerShip.roverHold, "rover's");
         setStartingValues();
         section = Section::Done;
         break;

@@ -19,7 +19,6 @@ namespace {
 
 constexpr int headingsCached = roverImageBase;  // one image per 5 degrees
 constexpr float holdSize = 50.0f;
-constexpr float roverHoldSize = 50.0f;
 
 // Replaces entries base .. base + 71 with the image turned by 0, 5, ... 355
 // degrees. Earlier entries are freed: a second load must not leak the first.
@@ -168,7 +167,7 @@ bool readShipFile(Ship& ship, const std::string& path) {
   ship.shieldsOnline = 0;
   ship.weaponsOnline = 0;
   ship.roverFuel = 0.0f;
-  ship.roverHoldFree = roverHoldSize;
+  ship.roverHoldFree = roverHoldCapacity;
   ship.shipHold.fill(0.0f);
   ship.roverHold.fill(0.0f);
   return true;

@@ -174,18 +174,11 @@ bool collectDeposit(MineralDeposit& deposit) {
     logMessagef("collectDeposit: no mineral %d; the deposit stays", m);
     return false;
   }
-  if (!(deposit.amount > 0.0f) || !(ship.roverHoldFree > 0.0f)) return false;
-  if (ship.roverHoldFree < deposit.amount) {
-    ship.roverHold[m] += ship.roverHoldFree;
-    deposit.amount -= ship.roverHoldFree;
-    showMessagef("Collected %.2fcu of %s", ship.roverHoldFree, mineralName(m));
-    ship.roverHoldFree = 0.0f;
-  } else {
-    ship.roverHold[m] += deposit.amount;
-    ship.roverHoldFree -= deposit.amount;
-    showMessagef("Collected %.2fcu of %s", deposit.amount, mineralName(m));
-    deposit.amount = 0.0f;
-  }
+  // All of it, or what the hold still has room for; the rest stays for later.
+  const float taken = storeCargo(ship.roverHold, ship.roverHoldFree, m, deposit.amount);
+  if (!(taken > 0.0f)) return false;
+  deposit.amount -= taken;
+  showMessagef("Collected %.2fcu of %s", taken, mineralName(m));
   return true;
 }
 
@@ -276,17 +269,8 @@ int getAltitude() { return altitude; }
 void transferRoverCargo() {
   Ship& ship = playerShip;
   for (int m = 0; m < mineralCount; ++m) {
-    float& rover = ship.roverHold[m];
-    if (ship.shipHoldFree < rover) {
-      ship.shipHold[m] += ship.shipHoldFree;
-      rover -= ship.shipHoldFree;
-      ship.roverHoldFree += ship.shipHoldFree;
-      ship.shipHoldFree = 0.0f;
-    } else {
-      ship.shipHold[m] += rover;
-      ship.shipHoldFree -= rover;
-      ship.roverHoldFree += rover;
-      rover = 0.0f;
-    }
+    const float moved = storeCargo(ship.shipHold, ship.shipHoldFree, m, ship.roverHold[m]);
+    ship.roverHold[m] -= moved;
+    ship.roverHoldFree += moved;
   }
 }

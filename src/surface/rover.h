@@ -15,9 +15,6 @@ struct ExhaustStreak {
 constexpr int exhaustStreakCount = 6;
 extern std::array<ExhaustStreak, exhaustStreakCount> exhaustStreaks;
 
-// The rover's hold holds 50 CU.
-constexpr float roverHoldCapacity = 50.0f;
-
 // One frame of the rover's close view: moves the rover by (-dx, -dy) tenths of
 // a degree with the map's wrap, makes its cell the landing site, draws the
 // 30 x 21 tiles around it with the terrain at opacity alpha (the rover under

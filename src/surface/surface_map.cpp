@@ -190,7 +190,7 @@ void drawCoordinates(SDL_Surface* screen) {
   boxRGBA(screen, 370, 400, 425, 410, 0, 0, 0, 255);
   printString(screen, text, 375, 400, "%.2f%%", playerShip.roverFuel);
   boxRGBA(screen, 385, 430, 440, 440, 0, 0, 0, 255);
-  const float cargoSpace = playerShip.roverHoldFree / 50.0f * 100.0f;
+  const float cargoSpace = playerShip.roverHoldFree / roverHoldCapacity * 100.0f;
   printString(screen, text, 390, 430, "%.2f%%", cargoSpace);
 }
 

@@ -50,16 +50,17 @@ TEST(Install, InstalledGameFindsItsDataFromAnyDirectory) {
   const std::string prefix = tmp.path("prefix");
   const RunResult install = shell("cmake --install '" + buildDir.string() + "' --prefix '" + prefix + "'");
   ASSERT_EQ(install.status, 0) << install.out;
-  for (const char* file : {"bin/prospector", "share/prospector/NewGame.sav", "share/prospector/ATX_A.ttf",
-                           "share/prospector/Stars/M.bmp", "share/prospector/Ships/Surveyor_large.bmp",
-                           "share/applications/prospector.desktop", "share/pixmaps/prospector.xpm",
-                           "share/man/man6/prospector.6"}) {
+  for (const char* file :
+       {"bin/prospector", "share/prospector/NewGame.sav", "share/prospector/ATX_A.ttf", "share/prospector/Stars/M.bmp",
+        "share/prospector/Ships/Surveyor_large.bmp", "share/applications/prospector.desktop",
+        "share/pixmaps/prospector.xpm", "share/man/man6/prospector.6"}) {
     EXPECT_TRUE(fs::exists(fs::path(prefix) / file)) << file;
   }
 
   // Started from a directory without data, with no --data.
   fs::create_directory(tmp.path("elsewhere"));
-  const std::string game = "cd '" + tmp.path("elsewhere") + "' && SDL_VIDEODRIVER=dummy '" + prefix + "/bin/prospector'";
+  const std::string game =
+      "cd '" + tmp.path("elsewhere") + "' && SDL_VIDEODRIVER=dummy '" + prefix + "/bin/prospector'";
   RunResult r = shell(game + " --frames 5 --unthrottled");
   EXPECT_EQ(r.status, 0) << r.out;
   r = shell(game + " --check");
@@ -92,22 +93,25 @@ TEST(DataCheck, ShippedDataIsClean) {
 }
 
 TEST(DataCheck, ReportsEachProblemWithItsFileAndLine) {
-  const std::string starmap = "# a map with faults\n"
-                              "12\n40\nG\nLane 3\n2\n" +         // lines 2-6
-                              planet(11) +                        // 7-23: lane 11
-                              planet(3, "Mud", "Kryptonite") +    // 24-40: hydro at 35, first mineral at 36
-                              "12\n40\nK\nLane 2\n0\n"            // 41-45: the same cell again
-                              "600\n5\nM\nLane 1\n0\n"            // 46-50: off the map
-                              "20\n20\nPulsar\nNone\n0\n";        // 51-55: no such class
-  const std::string savedGame = "Surveyor\nLark\n100\n96\n140\n2\n0\n"  // lines 1-7
-                                "7\n"                                   // 8: no such mode
-                                "Kestrel\nAegis\nNowhere\n"              // 9-11: no such power plant
-                                "PulseLaser\n\nMiningLaser\n"            // 12-14: hardpoint 2 empty
-                                "1 2 3 4 5 6 7 8 9 10 11 12 13 14 15 16 17 18 19 20 21 22 23\n"  // 15
-                                "0\n";
-  const std::string ship = "# a ship with faults\nSurveyor\nFreighter\n100\n4\n"
-                           "12\n"          // line 6: too many hardpoints
-                           "10,20, 30\n";  // line 7: odd number of coordinates
+  const std::string starmap =
+      "# a map with faults\n"
+      "12\n40\nG\nLane 3\n2\n" +        // lines 2-6
+      planet(11) +                      // 7-23: lane 11
+      planet(3, "Mud", "Kryptonite") +  // 24-40: hydro at 35, first mineral at 36
+      "12\n40\nK\nLane 2\n0\n"          // 41-45: the same cell again
+      "600\n5\nM\nLane 1\n0\n"          // 46-50: off the map
+      "20\n20\nPulsar\nNone\n0\n";      // 51-55: no such class
+  const std::string savedGame =
+      "Surveyor\nLark\n100\n96\n140\n2\n0\n"                           // lines 1-7
+      "7\n"                                                            // 8: no such mode
+      "Kestrel\nAegis\nNowhere\n"                                      // 9-11: no such power plant
+      "PulseLaser\n\nMiningLaser\n"                                    // 12-14: hardpoint 2 empty
+      "1 2 3 4 5 6 7 8 9 10 11 12 13 14 15 16 17 18 19 20 21 22 23\n"  // 15
+      "0\n";
+  const std::string ship =
+      "# a ship with faults\nSurveyor\nFreighter\n100\n4\n"
+      "12\n"          // line 6: too many hardpoints
+      "10,20, 30\n";  // line 7: odd number of coordinates
   const struct {
     const char* name;
     std::vector<std::pair<std::string, std::string>> files;  // written over the copy
@@ -137,8 +141,7 @@ TEST(DataCheck, ReportsEachProblemWithItsFileAndLine) {
       {"component and colour files",
        {{"Engines/Kestrel.txt", "# nothing but a comment\n"}, {"PlanetColor.txt", "0 1 2 3\n"}},
        {},
-       {"Engines/Kestrel.txt: ends after 0 of its 2 lines",
-        "PlanetColor.txt: only 0 of the 8 colour tables complete"}},
+       {"Engines/Kestrel.txt: ends after 0 of its 2 lines", "PlanetColor.txt: only 0 of the 8 colour tables complete"}},
       {"images and font",
        {},
        {"Stars/O.bmp", "Ships/Rover.bmp", "Ships/Surveyor_large.bmp", "Buttons/Down_select.bmp", "ATX_A.ttf"},
