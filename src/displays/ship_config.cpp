@@ -238,6 +238,21 @@ void shipConfigMouseUp() {
   }
 }
 
+namespace {
+
+// The engine, shield and power plant panels: the name and class rows; returns
+// the description to wrap under them.
+const std::string* namedClassRows(SDL_Surface* screen, const char* name, int componentClass,
+                                  const std::string& description) {
+  char value[32];
+  printRow(screen, 80, "Name: ", name);
+  std::snprintf(value, sizeof value, "%d", componentClass);
+  printRow(screen, 100, "Class: ", value);
+  return &description;
+}
+
+}  // namespace
+
 void drawComponentInfo(SDL_Surface* screen) {
   const Ship* ship = shipConfig.ship;
   if (!screen || !ship) return;
@@ -249,24 +264,16 @@ void drawComponentInfo(SDL_Surface* screen) {
   switch (selected) {
     case EngineSelected:
       std::snprintf(title, sizeof title, "Engine");
-      printRow(screen, 80, "Name: ", ship->engine.name);
-      std::snprintf(value, sizeof value, "%d", ship->engine.engineClass);
-      printRow(screen, 100, "Class: ", value);
-      description = &ship->engine.description;
+      description = namedClassRows(screen, ship->engine.name, ship->engine.engineClass, ship->engine.description);
       break;
     case ShieldSelected:
       std::snprintf(title, sizeof title, "Shields");
-      printRow(screen, 80, "Name: ", ship->shield.name);
-      std::snprintf(value, sizeof value, "%d", ship->shield.shieldClass);
-      printRow(screen, 100, "Class: ", value);
-      description = &ship->shield.description;
+      description = namedClassRows(screen, ship->shield.name, ship->shield.shieldClass, ship->shield.description);
       break;
     case PowerPlantSelected:
       std::snprintf(title, sizeof title, "Power Plant");
-      printRow(screen, 80, "Name: ", ship->powerPlant.name);
-      std::snprintf(value, sizeof value, "%d", ship->powerPlant.powerPlantClass);
-      printRow(screen, 100, "Class: ", value);
-      description = &ship->powerPlant.description;
+      description =
+          namedClassRows(screen, ship->powerPlant.name, ship->powerPlant.powerPlantClass, ship->powerPlant.description);
       break;
     default:
       if (selected >= firstHardPoint && selected <= lastComponent) {
