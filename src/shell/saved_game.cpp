@@ -1,6 +1,8 @@
 #include "shell/saved_game.h"
 
 #include <algorithm>
+#include <cmath>
+#include <filesystem>
 #include <string>
 
 #include "base/debug_log.h"
@@ -35,24 +37,52 @@ int savedCell(const std::string& line, int limit, const char* what) {
   return kept;
 }
 
+// A system cell past an edge is kept past it: the first System frame then
+// takes the ship out of the system by that edge, as flight would. Only the
+// distance is limited, to one cell beyond the edge, so the position cannot
+// overflow and the exit tests see the same side.
+int savedSystemCell(const std::string& line, int limit, const char* what) {
+  const int cell = parseInt(line);
+  const int kept = std::clamp(cell, -1, limit);
+  if (kept != cell) logMessagef("Saved game: %s cell %d is far outside the system; using %d", what, cell, kept);
+  return kept;
+}
+
 template <std::size_t N>
 void copyName(char (&field)[N], const std::string& line, const char* what) {
   if (copyText(field, line)) logMessagef("Saved game: %s longer than %zu characters, cut", what, N - 1);
 }
 
+// Where a hold line was read, for the messages about its amounts.
+struct HoldLine {
+  const char* file;
+  int line;
+  const char* which;
+};
+
 // A hold line: up to 22 amounts from slot 0; the slots after the last number
 // keep what they held. Returns the sum of the numbers stored, added up in
-// single precision in the order of the line.
-float readHold(const std::string& line, CargoHold& hold, const char* which) {
+// single precision in the order of the line. An amount that is not a finite
+// number from 0 up to what is still free of `capacity` is logged and leaves
+// its slot empty, so the hold's free space never goes negative or non-finite.
+float readHold(const std::string& line, CargoHold& hold, float capacity, const HoldLine& where) {
   const std::vector<std::string_view> tokens = splitTokens(line);
   if (tokens.size() > hold.size()) {
-    logMessagef("Saved game: %zu numbers on the %s hold line; only the first %zu kept", tokens.size(), which,
-                hold.size());
+    logMessagef("%s:%d: %zu numbers on the %s hold line; only the first %zu kept", where.file, where.line,
+                tokens.size(), where.which, hold.size());
   }
   float sum = 0.0f;
   for (std::size_t i = 0; i < tokens.size() && i < hold.size(); ++i) {
-    hold[i] = static_cast<float>(parseReal(tokens[i]));
-    sum += hold[i];
+    const float amount = static_cast<float>(parseReal(tokens[i]));
+    if (!std::isfinite(amount) || amount < 0.0f || sum + amount > capacity) {
+      const int shown = static_cast<int>(std::min<std::size_t>(tokens[i].size(), 12));
+      logMessagef("%s:%d: %s hold amount %.*s is not 0 to %.2f CU; slot %zu left empty", where.file, where.line,
+                  where.which, shown, tokens[i].data(), std::max(0.0f, capacity - sum), i + 1);
+      hold[i] = 0.0f;
+      continue;
+    }
+    hold[i] = amount;
+    sum += amount;
   }
   return sum;
 }
@@ -76,10 +106,10 @@ void headerLine(int index, const std::string& line) {
       gameState.posY = savedCell(line, starMapSize, "star-map y") * 50 + 300;
       break;
     case 4:
-      gameState.sysX = savedCell(line, systemWidth, "system x") * 50;
+      gameState.sysX = savedSystemCell(line, systemWidth, "system x") * 50;
       break;
     case 5:
-      gameState.sysY = savedCell(line, systemHeight, "system y") * 50;
+      gameState.sysY = savedSystemCell(line, systemHeight, "system y") * 50;
       break;
     case 6:
       gameState.currentPlanet = parseInt(line);
@@ -176,6 +206,8 @@ bool loadGame(const char* path) {
   int lineIndex = 0;
   int weaponsRead = 0;
   int hardPoints = 0;
+  // Messages name the file without its folders: a log line holds 99 characters.
+  const std::string name = std::filesystem::path(path).filename().string();
   std::string line;
   while (section != Section::Done && file.nextField(line)) {
     if (file.lastLineCut()) logMessagef("Saved game: line %d longer than 999 characters, cut", file.lineNumber());
@@ -192,11 +224,14 @@ bool loadGame(const char* path) {
         if (++weaponsRead == hardPoints) section = Section::ShipHold;
         break;
       case Section::ShipHold:
-        playerShip.shipHoldFree = playerShip.shipHoldCapacity - readHold(line, playerShip.shipHold, "ship's");
+        playerShip.shipHoldFree =
+            playerShip.shipHoldCapacity - readHold(line, playerShip.shipHold, playerShip.shipHoldCapacity,
+                                                   {name.c_str(), file.lineNumber(), "ship's"});
         section = Section::RoverHold;
         break;
       case Section::RoverHold:
-        playerShip.roverHoldFree = roverHoldSize - readHold(line, playerShip.roverHold, "rover's");
+        playerShip.roverHoldFree = roverHoldSize - readHold(line, playerShip.roverHold, roverHoldSize,
+                                                            {name.c_str(), file.lineNumber(), "rover's"});
         setStartingValues();
         section = Section::Done;
         break;
