@@ -3,7 +3,7 @@ BUILD ?= build
 JOBS ?= $(shell nproc)
 CMAKE_FLAGS ?=
 
-.PHONY: all deps configure build play test format format-check bench clean starmap
+.PHONY: all deps configure build play test format format-check bench clean starmap fuzz fuzz-build soak
 
 all: build
 
@@ -24,6 +24,24 @@ test: build
 
 bench: build
 	./$(BUILD)/bench/prospector_bench
+
+# libFuzzer targets in their own clang build; each runs FUZZ_SECONDS.
+FUZZ_BUILD ?= build-fuzz
+FUZZ_SECONDS ?= 60
+
+fuzz-build: deps
+	@cmake -S . -B $(FUZZ_BUILD) -DCMAKE_CXX_COMPILER=clang++ -DPROSPECTOR_FUZZ=ON \
+	  -DPROSPECTOR_BENCHMARKS=OFF >/dev/null
+	@cmake --build $(FUZZ_BUILD) --target fuzz_targets -j $(JOBS)
+
+fuzz: fuzz-build
+	@./scripts/run-fuzzers $(FUZZ_BUILD) $(FUZZ_SECONDS)
+
+# A long random-input run through every mode; SOAK_FRAMES frames.
+SOAK_FRAMES ?= 200000
+
+soak: build
+	@python3 tools/soak.py --binary $(BUILD)/prospector --data $(BUILD)/data --frames $(SOAK_FRAMES)
 
 starmap: configure
 	@cmake --build $(BUILD) --target starmap
