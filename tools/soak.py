@@ -59,6 +59,12 @@ class Script:
         self.frame = 1
         self.lines = []
         self.held = set()
+        # The menu the script believes is shown: a release performs the item
+        # under the pointer, so clicks move through the menus predictably. The
+        # belief can drift (entering orbit, the tactical variants); the
+        # episodes that need a menu walk back to the Bridge from it first.
+        self.menu = 0
+        self.maneuver = False
 
     def at(self, offset, command):
         self.lines.append(f"at {self.frame + offset} {command}")
@@ -73,7 +79,15 @@ class Script:
         self.wait(6)
 
     def row(self, row):
+        # The current item follows the pointer only when it changes rows, so
+        # the pointer leaves the rows first: a second click on the same row
+        # after a menu switch then hits that row, not the new menu's first item.
+        self.at(0, f"mouse move {COMMAND_X} 250")
+        self.wait(1)
         self.click(COMMAND_X, row_y(row))
+        self.menu = MENU_AFTER.get((self.menu, row), self.menu)
+        if (self.menu, row) == (4, 0):
+            self.maneuver = not self.maneuver
 
     def tap(self, key, modifiers=""):
         self.at(0, f"key down {key} {modifiers}".rstrip())
@@ -85,27 +99,37 @@ class Script:
         self.at(frames, f"key up {key}")
 
 
-# Episodes: each appends its commands and advances the frame. The game's menu
-# is not known to the script, so the episodes that need a menu first try one
-# of the clicks that lead back to the Bridge from most menus.
-# A click on a selected item only deselects it, hence the doubled clicks.
-RESYNC = [[], [4], [3], [2], [4, 3], [3, 4], [3, 3], [4, 4], [2, 2]]
+# (menu, row clicked) -> the menu shown after the release; the rows that
+# switch menus. Captain leads to the orbit menu (the surface one has the same
+# Bridge row), Tactical to its first variant.
+MENU_AFTER = {(0, 0): 1, (0, 1): 3, (0, 2): 4, (0, 3): 5, (0, 4): 9, (0, 5): 10, (1, 0): 11, (1, 4): 0, (2, 4): 0,
+              (3, 4): 0, (4, 3): 0, (5, 3): 0, (6, 3): 0, (7, 3): 0, (8, 3): 0, (9, 3): 0, (10, 2): 0, (11, 2): 1}
+BRIDGE_ROW = {1: 4, 2: 4, 3: 4, 4: 3, 5: 3, 6: 3, 7: 3, 8: 3, 9: 3, 10: 2, 11: 2}
+# Rows that open an overlay window; a random walk leaves them to the episodes
+# that also close the window.
+WINDOW_ROWS = {(4, 1), (9, 2), (1, 2), (2, 2)}
 
 
+# Episodes: each appends its commands and advances the frame.
 def to_bridge(s):
-    for r in s.rng.choice(RESYNC):
-        s.row(r)
+    for _ in range(3):
+        if s.menu == 0:
+            return
+        s.row(BRIDGE_ROW.get(s.menu, 4))
+    s.menu = 0  # give up on the belief; the next walk corrects it
 
 
 def menu_walk(s):
     for _ in range(s.rng.randint(1, 4)):
-        s.row(s.rng.choices(range(6), weights=[5, 5, 5, 5, 5, 1])[0])
+        row = s.rng.choices(range(6), weights=[5, 5, 5, 5, 5, 1])[0]
+        if (s.menu, row) not in WINDOW_ROWS:
+            s.row(row)
 
 
 def fly(s):
     to_bridge(s)
-    if s.rng.random() < 0.8:
-        s.row(2)  # Navigator
+    s.row(2)  # Navigator
+    if not s.maneuver or s.rng.random() < 0.1:
         s.row(0)  # Maneuver
     length = s.rng.randint(100, 900)
     s.at(0, "key down up")
@@ -146,10 +170,9 @@ def configuration(s):
     for _ in range(s.rng.randint(0, 5)):
         s.click(s.rng.randint(0, 799), s.rng.randint(0, 599))
     s.wait(s.rng.randint(5, 60))
-    if s.rng.random() < 0.6:
-        s.click(*FULL_WINDOW_CLOSE)
-    else:
-        s.tap("e")
+    # Closed with E, which works whatever the clicks inside did; its " X " is
+    # the cargo window's button, which the cargo episode presses.
+    s.tap("e")
 
 
 def cargo(s):
@@ -231,13 +254,19 @@ EPISODES = [(fly, 30), (menu_walk, 15), (star_chart, 8), (configuration, 6), (ca
             (history_keys, 4), (engine_keys, 2), (full_screen, 1), (random_mouse, 8), (idle, 8)]
 
 
+# A window that its " X " cannot close yet takes the mouse for good; those
+# episodes come only in the last part of the run, so they cannot starve the rest.
+LATE_EPISODES = {cargo}
+LATE_FRACTION = 0.8
+
+
 def make_script(frames, seed, state_every):
     rng = random.Random(seed)
     s = Script(rng)
-    functions = [e for e, _ in EPISODES]
-    weights = [w for _, w in EPISODES]
     while s.frame < frames - 1000:
-        rng.choices(functions, weights)[0](s)
+        late = s.frame >= frames * LATE_FRACTION
+        episodes = [(e, w) for e, w in EPISODES if late or e not in LATE_EPISODES]
+        rng.choices([e for e, _ in episodes], [w for _, w in episodes])[0](s)
     lines = [line for line in s.lines if int(line.split()[1]) < frames]
     lines += [f"at {f} state" for f in range(0, frames + 1, state_every)]
     lines.sort(key=lambda line: int(line.split()[1]))  # stable: keeps each frame's order
