@@ -85,9 +85,14 @@ class Script:
         self.at(0, f"mouse move {COMMAND_X} 250")
         self.wait(1)
         self.click(COMMAND_X, row_y(row))
-        self.menu = MENU_AFTER.get((self.menu, row), self.menu)
+        if self.menu == 4 and self.maneuver:
+            # While Maneuver stays selected the pointer does not move the
+            # current item: the click deselects Maneuver and switches it off.
+            self.maneuver = False
+            return
         if (self.menu, row) == (4, 0):
-            self.maneuver = not self.maneuver
+            self.maneuver = True
+        self.menu = MENU_AFTER.get((self.menu, row), self.menu)
 
     def tap(self, key, modifiers=""):
         self.at(0, f"key down {key} {modifiers}".rstrip())
@@ -112,7 +117,7 @@ WINDOW_ROWS = {(4, 1), (9, 2), (1, 2), (2, 2)}
 
 # Episodes: each appends its commands and advances the frame.
 def to_bridge(s):
-    for _ in range(3):
+    for _ in range(4):
         if s.menu == 0:
             return
         s.row(BRIDGE_ROW.get(s.menu, 4))
