@@ -5,7 +5,7 @@ CMAKE_FLAGS ?=
 # Where `make install` puts the game; `sudo make install` for /usr/local.
 PREFIX ?= /usr/local
 
-.PHONY: all deps configure build play test format format-check bench clean starmap install uninstall screenshots
+.PHONY: all deps configure build play test format format-check bench clean starmap install uninstall screenshots fuzz fuzz-build soak
 
 all: build
 
@@ -35,6 +35,24 @@ screenshots: build
 
 bench: build
 	./$(BUILD)/bench/prospector_bench
+
+# libFuzzer targets in their own clang build; each runs FUZZ_SECONDS.
+FUZZ_BUILD ?= build-fuzz
+FUZZ_SECONDS ?= 60
+
+fuzz-build: deps
+	@cmake -S . -B $(FUZZ_BUILD) -DCMAKE_CXX_COMPILER=clang++ -DPROSPECTOR_FUZZ=ON \
+	  -DPROSPECTOR_BENCHMARKS=OFF >/dev/null
+	@cmake --build $(FUZZ_BUILD) --target fuzz_targets -j $(JOBS)
+
+fuzz: fuzz-build
+	@./scripts/run-fuzzers $(FUZZ_BUILD) $(FUZZ_SECONDS)
+
+# A long random-input run through every mode; SOAK_FRAMES frames.
+SOAK_FRAMES ?= 200000
+
+soak: build
+	@python3 tools/soak.py --binary $(BUILD)/prospector --data $(BUILD)/data --frames $(SOAK_FRAMES)
 
 starmap: configure
 	@cmake --build $(BUILD) --target starmap

@@ -112,6 +112,10 @@ int keyFromName(std::string_view name) {
   std::string wanted = lowered(name);
   std::replace(wanted.begin(), wanted.end(), '_', ' ');
   if (wanted.empty()) return -1;
+  // SDL calls every key it has no name for "unknown key"; that is not a name
+  // of any one key, so it must not pick whichever unnamed key comes first.
+  const std::string unnamed = "unknown key";
+  if (wanted == unnamed) return -1;
   for (int k = 1; k < SDLK_LAST; ++k) {
     const char* keyName = SDL_GetKeyName(static_cast<SDLKey>(k));
     if (keyName && lowered(keyName) == wanted) return k;

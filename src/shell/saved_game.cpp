@@ -1,6 +1,7 @@
 #include "shell/saved_game.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstdarg>
 #include <string>
 
@@ -49,6 +50,17 @@ int savedCell(const std::string& line, int limit, const char* what) {
   return kept;
 }
 
+// A system cell past an edge is kept past it: the first System frame then
+// takes the ship out of the system by that edge, as flight would. Only the
+// distance is limited, to one cell beyond the edge, so the position cannot
+// overflow and the exit tests see the same side.
+int savedSystemCell(const std::string& line, int limit, const char* what) {
+  const int cell = parseInt(line);
+  const int kept = std::clamp(cell, -1, limit);
+  if (kept != cell) problem("Saved game: %s cell %d is far outside the system; using %d", what, cell, kept);
+  return kept;
+}
+
 template <std::size_t N>
 void copyName(char (&field)[N], const std::string& line, const char* what) {
   if (copyText(field, line)) problem("Saved game: %s longer than %zu characters, cut", what, N - 1);
@@ -56,16 +68,26 @@ void copyName(char (&field)[N], const std::string& line, const char* what) {
 
 // A hold line: up to 22 amounts from slot 0; the slots after the last number
 // keep what they held. Returns the sum of the numbers stored, added up in
-// single precision in the order of the line.
-float readHold(const std::string& line, CargoHold& hold, const char* which) {
+// single precision in the order of the line. An amount that is not a finite
+// number from 0 up to what is still free of `capacity` is logged and leaves
+// its slot empty, so the hold's free space never goes negative or non-finite.
+float readHold(const std::string& line, CargoHold& hold, float capacity, const char* which) {
   const std::vector<std::string_view> tokens = splitTokens(line);
   if (tokens.size() > hold.size()) {
     problem("Saved game: %zu numbers on the %s hold line; only the first %zu kept", tokens.size(), which, hold.size());
   }
   float sum = 0.0f;
   for (std::size_t i = 0; i < tokens.size() && i < hold.size(); ++i) {
-    hold[i] = static_cast<float>(parseReal(tokens[i]));
-    sum += hold[i];
+    const float amount = static_cast<float>(parseReal(tokens[i]));
+    if (!std::isfinite(amount) || amount < 0.0f || sum + amount > capacity) {
+      const int shown = static_cast<int>(std::min<std::size_t>(tokens[i].size(), 12));
+      problem("%s hold amount %.*s is not 0 to %.2f CU; slot %zu left empty", which, shown, tokens[i].data(),
+              std::max(0.0f, capacity - sum), i + 1);
+      hold[i] = 0.0f;
+      continue;
+    }
+    hold[i] = amount;
+    sum += amount;
   }
   return sum;
 }
@@ -89,10 +111,10 @@ void headerLine(int index, const std::string& line) {
       gameState.posY = savedCell(line, starMapSize, "star-map y") * 50 + 300;
       break;
     case 4:
-      gameState.sysX = savedCell(line, systemWidth, "system x") * 50;
+      gameState.sysX = savedSystemCell(line, systemWidth, "system x") * 50;
       break;
     case 5:
-      gameState.sysY = savedCell(line, systemHeight, "system y") * 50;
+      gameState.sysY = savedSystemCell(line, systemHeight, "system y") * 50;
       break;
     case 6:
       gameState.currentPlanet = parseInt(line);
@@ -212,11 +234,13 @@ bool loadGame(const char* path) {
         if (++weaponsRead == hardPoints) section = Section::ShipHold;
         break;
       case Section::ShipHold:
-        playerShip.shipHoldFree = playerShip.shipHoldCapacity - readHold(line, playerShip.shipHold, "ship's");
+        playerShip.shipHoldFree =
+            playerShip.shipHoldCapacity - readHold(line, playerShip.shipHold, playerShip.shipHoldCapacity, "ship's");
         section = Section::RoverHold;
         break;
       case Section::RoverHold:
-        playerShip.roverHoldFree = roverHoldCapacity - readHold(line, playerShip.roverHold, "rover's");
+        playerShip.roverHoldFree =
+            roverHoldCapacity - readHold(line, playerShip.roverHold, roverHoldCapacity, "rover's");
         setStartingValues();
         section = Section::Done;
         break;

@@ -1,7 +1,9 @@
 #include "shell/state_dump.h"
 
+#include <cmath>
 #include <cstdio>
 #include <sstream>
+#include <type_traits>
 
 #include "base/game_state.h"
 #include "displays/ship_config.h"
@@ -28,12 +30,30 @@ void jsonString(std::ostringstream& out, const char* text) {
   out << '"';
 }
 
+// JSON has no NaN or infinity; a non-finite number is written as null so the
+// line stays readable for whatever parses it.
+template <typename T>
+void jsonNumber(std::ostringstream& out, T value) {
+  if constexpr (std::is_floating_point_v<T>) {
+    if (!std::isfinite(value)) {
+      out << "null";
+      return;
+    }
+  }
+  out << value;
+}
+
 void jsonHold(std::ostringstream& out, const CargoHold& hold) {
   out << '[';
   for (std::size_t i = 0; i < hold.size(); ++i) {
-    char buf[32];
+    out << (i ? "," : "");
+    if (!std::isfinite(hold[i])) {
+      out << "null";
+      continue;
+    }
+    char buf[64];
     std::snprintf(buf, sizeof buf, "%.2f", hold[i]);
-    out << (i ? "," : "") << buf;
+    out << buf;
   }
   out << ']';
 }
@@ -43,7 +63,10 @@ void jsonHold(std::ostringstream& out, const CargoHold& hold) {
 std::string gameStateJson() {
   const GameState& s = gameState;
   std::ostringstream out;
-  auto field = [&](const char* name, auto value) { out << ",\"" << name << "\":" << value; };
+  auto field = [&](const char* name, auto value) {
+    out << ",\"" << name << "\":";
+    jsonNumber(out, value);
+  };
   out << "{\"mode\":" << s.mode;
   field("posX", s.posX);
   field("posY", s.posY);

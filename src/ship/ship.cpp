@@ -107,7 +107,12 @@ bool readShipFile(Ship& ship, const std::string& path) {
         ship.hullMax = parseInt(line);
         break;
       case 3:
+        // A negative count would give the hold a negative capacity.
         ship.cargoHoldCount = parseInt(line);
+        if (ship.cargoHoldCount < 0) {
+          logMessagef("Ship file: %d cargo holds is below 0; using 0", ship.cargoHoldCount);
+          ship.cargoHoldCount = 0;
+        }
         break;
       case 4: {
         const int count = parseInt(line);

@@ -41,6 +41,9 @@ TEST(InputScript, ErrorsNameTheLineAndWhatWasExpected) {
       {"at -3 state\n", "s.txt:1: expected a frame number"},
       {"at 1 key press up\n", "s.txt:1: expected 'key down|up KEY"},
       {"at 1 key down warp\n", "s.txt:1: expected a key name or number, not 'warp'"},
+      // SDL's name for every key it has not named is not a key name.
+      {"at 1 key down unknown_key\n", "s.txt:1: expected a key name or number, not 'unknown_key'"},
+      {"at 1 key up Unknown_Key\n", "s.txt:1: expected a key name or number, not 'Unknown_Key'"},
       {"at 1 key down d alt\n", "s.txt:1: expected a modifier"},
       {"at 1 mouse move 10\n", "s.txt:1: expected 'mouse move X Y'"},
       {"at 1 mouse move 10 70000\n", "s.txt:1: expected 'mouse move X Y' with X and Y from 0 to 65535"},
@@ -56,6 +59,7 @@ TEST(InputScript, ErrorsNameTheLineAndWhatWasExpected) {
 
 TEST(InputScript, KeyNamesAndNumbers) {
   const std::pair<const char*, int> keys[] = {{"escape", SDLK_ESCAPE}, {"LEFT", SDLK_LEFT}, {"left_ctrl", SDLK_LCTRL},
-                                              {"100", SDLK_d},         {"99999", -1},       {"", -1}};
+                                              {"100", SDLK_d},         {"99999", -1},       {"", -1},
+                                              {"unknown_key", -1},     {"UNKNOWN KEY", -1}};
   for (auto [name, key] : keys) EXPECT_EQ(keyFromName(name), key) << name;
 }

@@ -90,13 +90,15 @@ TEST_F(ShipFileTest, FieldsGoByLineWithCommentsSkippedOddLinesLoggedAndTheStateC
        std::string(99, 'k') + "|B|1|1|0|||||" + std::string(900, 'd') + "|50.00/50.00"},
       // 25 holds: the capacity is capped, the free space is not.
       {"A\nB\n1\n25\n0\n\n\n\nD\n", "A|B|1|25|0|||||D|999.99/1250.00"},
+      // A negative number of holds would give a negative capacity: none instead.
+      {"A\nB\n1\n-4\n0\n\n\n\nD\n", "A|B|1|0|0|||||D|0.00/0.00"},
   };
   for (const auto& c : cases) {
     ASSERT_TRUE(read(c.file));
     EXPECT_EQ(summary(ship), c.ship);
   }
   EXPECT_TRUE(log.saw("engine markers") && log.saw("hardpoint markers") && log.saw("class longer than 99") &&
-              log.saw("14 hardpoints"));
+              log.saw("14 hardpoints") && log.saw("-4 cargo holds is below 0"));
   ship.engine.engineClass = ship.shield.shieldCurrent = ship.armorCurrent = ship.hullCurrent = ship.fuel = 7;
   ship.shieldsOnline = ship.weaponsOnline = ship.roverFuel = 1;
   ship.shipHold.fill(2.0f);
