@@ -15,12 +15,15 @@ status 1 when the game failed, an invariant broke or memory grew.
 """
 
 import argparse
+import atexit
 import json
 import math
 import os
 import random
+import shutil
 import subprocess
 import sys
+import tempfile
 import threading
 import time
 from collections import Counter
@@ -132,6 +135,7 @@ def menu_walk(s):
 
 
 def fly(s):
+    close_windows(s)
     to_bridge(s)
     s.row(2)  # Navigator
     if not s.maneuver or s.rng.random() < 0.1:
@@ -190,8 +194,15 @@ def cargo(s):
     s.click(*FULL_WINDOW_CLOSE)
 
 
+def close_windows(s):
+    # The cargo and configuration windows share the " X " at the top right; a
+    # click there with neither open lands on the planet readings and does nothing.
+    s.click(*FULL_WINDOW_CLOSE)
+
+
 def planet_work(s):
     """Sensors, analysis, site selection, descent, a drive and the launch."""
+    close_windows(s)
     to_bridge(s)
     choice = s.rng.random()
     if choice < 0.3:
@@ -203,6 +214,8 @@ def planet_work(s):
     s.row(0)  # Land (orbit) or Launch (surface)
     s.row(0)  # Select Site
     s.click(s.rng.randint(5, 505), s.rng.randint(5, 505))
+    # Select Site holds the command window while it is chosen: click it off first.
+    s.row(0)
     s.row(1)  # Descent
     s.wait(s.rng.randint(50, 90))
     # On the surface: the rover drives with Maneuver's arrows, then launches.
@@ -259,19 +272,13 @@ EPISODES = [(fly, 30), (menu_walk, 15), (star_chart, 8), (configuration, 6), (ca
             (history_keys, 4), (engine_keys, 2), (full_screen, 1), (random_mouse, 8), (idle, 8)]
 
 
-# A window that its " X " cannot close yet takes the mouse for good; those
-# episodes come only in the last part of the run, so they cannot starve the rest.
-LATE_EPISODES = {cargo}
-LATE_FRACTION = 0.8
 
 
 def make_script(frames, seed, state_every):
     rng = random.Random(seed)
     s = Script(rng)
     while s.frame < frames - 1000:
-        late = s.frame >= frames * LATE_FRACTION
-        episodes = [(e, w) for e, w in EPISODES if late or e not in LATE_EPISODES]
-        rng.choices([e for e, _ in episodes], [w for _, w in episodes])[0](s)
+        rng.choices([e for e, _ in EPISODES], [w for _, w in EPISODES])[0](s)
     lines = [line for line in s.lines if int(line.split()[1]) < frames]
     lines += [f"at {f} state" for f in range(0, frames + 1, state_every)]
     lines.sort(key=lambda line: int(line.split()[1]))  # stable: keeps each frame's order
@@ -347,6 +354,42 @@ class Checker:
                 self.fail(frame, f"{name} is {state.get(name)}")
 
 
+def home_planet_lanes(starmap, x, y):
+    """The lanes of the planets of the object at (x, y), richest first."""
+    lines = [line.rstrip("\n") for line in open(starmap, errors="replace") if not line.startswith("#")]
+    i = 0
+    while i + 5 <= len(lines):
+        ox, oy, count = int(lines[i] or 0), int(lines[i + 1] or 0), max(0, int(lines[i + 4] or 0))
+        i += 5
+        planets = [(int(lines[i + 17 * p + 7] or 0), int(lines[i + 17 * p] or 0)) for p in range(count)]
+        i += 17 * count
+        if (ox, oy) == (x, y):
+            return [lane for _, lane in sorted(planets, reverse=True)]
+    return []
+
+
+def data_in_orbit(data, workdir):
+    """A copy of the data directory whose saved game starts in orbit around the
+    richest planet of the home system, so the planet work begins at once; the
+    run leaves orbit and explores from there."""
+    lanes = home_planet_lanes(os.path.join(data, "Starmap.txt"), 100, 100)
+    if not lanes:
+        return data
+    copy = os.path.join(workdir, "data")
+    shutil.copytree(data, copy)
+    values = {3: "100", 4: "100", 5: "140", 6: "122", 7: str(lanes[0]), 8: "2"}
+    out, k = [], 0
+    with open(os.path.join(data, "NewGame.sav")) as f:
+        for line in f:
+            if not line.startswith("#"):
+                k += 1
+                line = values.get(k, line.rstrip("\n")) + "\n" if k in values else line
+            out.append(line)
+    with open(os.path.join(copy, "NewGame.sav"), "w") as f:
+        f.writelines(out)
+    return copy
+
+
 def main():
     parser = argparse.ArgumentParser(description=__doc__.split("\n\n")[0])
     parser.add_argument("--binary", default="build/prospector")
@@ -357,10 +400,16 @@ def main():
     parser.add_argument("--max-growth-mb", type=float, default=16.0,
                         help="resident memory the run may gain between the early and the late sample")
     parser.add_argument("--keep-script", help="also write the generated script to this file")
+    parser.add_argument("--start", choices=["new", "orbit"], default="orbit",
+                        help="start from the shipped new game or in orbit at the home system")
     args = parser.parse_args()
 
     binary = os.path.abspath(args.binary)
+    workdir = tempfile.mkdtemp(prefix="prospector-soak-")
+    atexit.register(shutil.rmtree, workdir, ignore_errors=True)
     data = os.path.abspath(args.data)
+    if args.start == "orbit":
+        data = data_in_orbit(data, workdir)
     script = make_script(args.frames, args.seed, args.state_every)
     script_path = os.path.abspath(args.keep_script or f"/tmp/prospector-soak-{os.getpid()}.txt")
     with open(script_path, "w") as f:
