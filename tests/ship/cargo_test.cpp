@@ -66,7 +66,7 @@ bool sameRegion(SDL_Surface* reference, int x1, int y1, int x2, int y2) {
 }
 
 TEST(CargoHold, OperationsKeepFreeSpaceEqualToCapacityLessContents) {
-  struct Case {
+  const struct {
     const char* what;
     float held, free, amount;
     bool store;
@@ -77,7 +77,7 @@ TEST(CargoHold, OperationsKeepFreeSpaceEqualToCapacityLessContents) {
       {"store a negative amount", 1.0f, 5.0f, -2.0f, true, 0.0f, 1.0f, 5.0f},
       {"take more than held", 3.5f, 10.0f, 9.0f, false, 3.5f, 0.0f, 13.5f},
   };
-  for (const Case& c : cases) {
+  for (const auto& c : cases) {
     CargoHold hold{};
     hold[ironRow] = c.held;
     float free = c.free;
@@ -95,25 +95,48 @@ TEST(CargoHold, OperationsKeepFreeSpaceEqualToCapacityLessContents) {
   EXPECT_EQ(free, 50.0f);
 }
 
-TEST_F(CargoTest, UpClicksSelectWholeCuUpToTheAmountHeldAndDownStopsAtZero) {
+// Up and Down on the ship's Iron row, then the ship's and the rover's Jettison:
+// each side's buttons touch only its own selection and hold.
+TEST_F(CargoTest, ArrowsSelectWholeCuUpToTheAmountHeldAndJettisonThrowsItAway) {
   holdIron(3.5f);
-  const float expected[] = {1.0f, 2.0f, 3.0f, 3.5f, 3.5f};
-  for (float e : expected) {
-    clickAt(125, 70 + 20 * ironRow + 5);
+  const float up[] = {1.0f, 2.0f, 3.0f, 3.5f, 3.5f}, down[] = {2.5f, 1.5f, 0.5f, 0.0f, 0.0f};
+  for (float e : up) {
+    clickAt(125, 95);
     EXPECT_FLOAT_EQ(shipSelection(ironRow), e);
   }
-  for (float e : {2.5f, 1.5f, 0.5f, 0.0f, 0.0f}) {
-    clickAt(140, 70 + 20 * ironRow + 5);
+  for (float e : down) {
+    clickAt(140, 95);
     EXPECT_FLOAT_EQ(shipSelection(ironRow), e);
   }
-  // The rover's arrows change only the rover's selection.
+  clickAt(125, 95);
+  clickAt(125, 95);
   ship.roverHold[ironRow] = 2.0f;
-  cargoMouseMotion(325, 95);
+  ship.roverHold[4] = 12.0f;
+  cargoWindow.jettisonSelection[RoversHold][4] = 12.0f;
+  cargoMouseMotion(325, 95);  // the rover's Up arrow
   cargoMouseDown();
   drawRoverHold(screen);
   cargoMouseUp();
   EXPECT_FLOAT_EQ(cargoWindow.jettisonSelection[RoversHold][ironRow], 1.0f);
+  ASSERT_FLOAT_EQ(shipSelection(ironRow), 2.0f);
+
+  clickAt(200, 550);  // the ship's jettison button
+  EXPECT_FLOAT_EQ(ship.shipHold[ironRow], 1.5f);
+  EXPECT_FLOAT_EQ(ship.shipHoldFree, 198.5f);
   EXPECT_FLOAT_EQ(shipSelection(ironRow), 0.0f);
+  EXPECT_FLOAT_EQ(ship.roverHold[4], 12.0f);
+
+  clickAt(125, 95);
+  cargoMouseMotion(400, 550);  // the rover's: its free space counts from 50
+  cargoMouseDown();
+  cargoMouseUp();
+  drawShipHold(screen);
+  drawRoverHold(screen);
+  EXPECT_FLOAT_EQ(ship.shipHold[ironRow], 1.5f);
+  EXPECT_FLOAT_EQ(shipSelection(ironRow), 1.0f);
+  EXPECT_FLOAT_EQ(ship.roverHold[4], 0.0f);
+  EXPECT_FLOAT_EQ(ship.roverHold[ironRow], 1.0f);
+  EXPECT_FLOAT_EQ(ship.roverHoldFree, 49.0f);  // 50 less the Iron left
 }
 
 TEST_F(CargoTest, AHeldArrowChangesOnTheFirstFrameThenEveryFrameFromTheSeventeenth) {
@@ -130,8 +153,7 @@ TEST_F(CargoTest, AHeldArrowChangesOnTheFirstFrameThenEveryFrameFromTheSeventeen
   EXPECT_EQ(changedOn, "1 17 18 19 20 ");
   cargoMouseUp();
   EXPECT_EQ(cargoWindow.repeatCounter, 0);
-  // A fresh press changes at once again.
-  cargoMouseDown();
+  cargoMouseDown();  // a fresh press changes at once again
   drawShipHold(screen);
   EXPECT_FLOAT_EQ(shipSelection(ironRow), 6.0f);
 }
@@ -140,8 +162,7 @@ TEST_F(CargoTest, MotionMarksTheOneArrowUnderThePointer) {
   const struct {
     int x, y;
     int column, row;  // -1: no arrow
-  } cases[] = {{125, 95, ShipUpArrow, 1},
-               {121, 70, ShipUpArrow, 0},
+  } cases[] = {{121, 70, ShipUpArrow, 0},
                {134, 89, ShipUpArrow, 0},
                {136, 509, ShipDownArrow, 21},
                {149, 300, ShipDownArrow, 11},
@@ -159,40 +180,11 @@ TEST_F(CargoTest, MotionMarksTheOneArrowUnderThePointer) {
     int set = 0;
     for (int col = 0; col < arrowColumns; ++col)
       for (int row = 0; row < holdSlots; ++row) set += cargoWindow.arrowHover[col][row];
-    if (c.column < 0) {
-      EXPECT_EQ(set, 0) << c.x << "," << c.y;
-    } else {
-      EXPECT_EQ(set, 1) << c.x << "," << c.y;
+    EXPECT_EQ(set, c.column < 0 ? 0 : 1) << c.x << "," << c.y;
+    if (c.column >= 0) {
       EXPECT_EQ(cargoWindow.arrowHover[c.column][c.row], 1) << c.x << "," << c.y;
     }
   }
-}
-
-TEST_F(CargoTest, JettisonButtonThrowsTheSelectionAway) {
-  holdIron(3.5f);
-  clickAt(125, 95);
-  clickAt(125, 95);
-  ASSERT_FLOAT_EQ(shipSelection(ironRow), 2.0f);
-  cargoMouseMotion(200, 550);  // on the ship's jettison button
-  cargoMouseDown();
-  cargoMouseUp();
-  drawShipHold(screen);
-  EXPECT_FLOAT_EQ(ship.shipHold[ironRow], 1.5f);
-  EXPECT_FLOAT_EQ(ship.shipHoldFree, 198.5f);
-  EXPECT_FLOAT_EQ(shipSelection(ironRow), 0.0f);
-  // The rover's button empties the rover's selection only; its free space counts from 50.
-  clickAt(125, 95);
-  ship.roverHold[4] = 12.0f;
-  cargoWindow.jettisonSelection[RoversHold][4] = 12.0f;
-  cargoMouseMotion(400, 550);
-  cargoMouseDown();
-  cargoMouseUp();
-  drawShipHold(screen);
-  drawRoverHold(screen);
-  EXPECT_FLOAT_EQ(ship.shipHold[ironRow], 1.5f);
-  EXPECT_FLOAT_EQ(shipSelection(ironRow), 1.0f);
-  EXPECT_FLOAT_EQ(ship.roverHold[4], 0.0f);
-  EXPECT_FLOAT_EQ(ship.roverHoldFree, 50.0f);
 }
 
 TEST_F(CargoTest, CloseButtonClearsBothSelectionsAndClosesTheWindow) {
@@ -237,17 +229,12 @@ TEST_F(CargoTest, AmountsAndTotalsAreDrawnInTheirFormats) {
   EXPECT_TRUE(sameRegion(referenceText(203 - w, 70, "0.00").get(), 160, 70, 203, 70 + h));
 }
 
-TEST_F(CargoTest, WindowDrawsItsFrameArrowsAndHighlight) {
-  drawCargoList(screen);
-  drawShipHold(screen);
-  drawRoverHold(screen);
-  EXPECT_EQ(pixelRGB(screen, 0, 0), 0x00FF00u);
-  EXPECT_EQ(pixelRGB(screen, 799, 300), 0x00FF00u);
-  EXPECT_EQ(pixelRGB(screen, 600, 300), 0u);
-
-  // The arrow under the pointer shows its highlight image, its neighbours the normal one.
+// The green frame is checked through the game; here the arrow under the pointer
+// shows its highlight image, its neighbours the normal one.
+TEST_F(CargoTest, TheArrowUnderThePointerIsHighlighted) {
   cargoMouseMotion(125, 95);
   drawShipHold(screen);
+  drawRoverHold(screen);
   const struct {
     const char* file;
     int x, y;
