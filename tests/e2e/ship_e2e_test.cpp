@@ -7,9 +7,12 @@
 
 #include "support/test_support.h"
 
+// The shipped saved game; a screenshot on the way and Escape ending the run early.
 TEST(ShipEndToEnd, StartUpShowsTheSavedGame) {
   TempDir tmp;
-  const RunResult r = runGame("--unthrottled --frames 1 --log-stdout --script " + tmp.write("s.txt", "at 0 state\n"));
+  const std::string shot = tmp.path("shot.bmp");
+  const RunResult r =
+      runScript("at 0 state\nat 3 screenshot " + shot + "\nat 4 key down escape\n", "--frames 100 --log-stdout");
   ASSERT_EQ(r.status, 0) << r.err;
   EXPECT_NE(r.out.find("Loading: NewGame.sav"), std::string::npos);
   EXPECT_NE(r.out.find(".\\Engines\\Kestrel.txt"), std::string::npos);
@@ -44,6 +47,10 @@ TEST(ShipEndToEnd, StartUpShowsTheSavedGame) {
   for (int i = 1; i < 22; ++i) empty += ",0.00";
   EXPECT_EQ(stateField(s, "shipHold"), hold + "]");
   EXPECT_EQ(stateField(s, "roverHold"), empty + "]");
+  const SurfacePtr image(SDL_LoadBMP(shot.c_str()));
+  ASSERT_NE(image, nullptr);
+  EXPECT_EQ(image->w, 800);
+  EXPECT_EQ(image->h, 600);
 }
 
 TEST(ShipEndToEnd, RaisingShieldsFromTheTacticalMenuChargesThem) {
@@ -52,7 +59,7 @@ TEST(ShipEndToEnd, RaisingShieldsFromTheTacticalMenuChargesThem) {
   // Captain, Bridge, Tactical, Raise Shields.
   const std::string script = clickRow(1, 0) + clickRow(9, 4) + clickRow(17, 3) + clickRow(25, 0) +
                              "at 32 state\nat 34 screenshot " + shot + "\nat 48 state\n";
-  const RunResult r = runGame("--unthrottled --frames 48 --log-stdout --script " + tmp.write("s.txt", script));
+  const RunResult r = runScript(script, "--frames 48 --log-stdout");
   ASSERT_EQ(r.status, 0) << r.err;
   EXPECT_NE(r.out.find("\nmenu 5\n"), std::string::npos) << "Tactical with shields and weapons off";
   const std::vector<std::string> states = stateLines(r.out);
