@@ -1,48 +1,30 @@
 // A whole visit to a planet through the real game: from a saved game in orbit
-// around the planet richest in minerals, sweep it, choose a site, descend,
-// drive the rover over the deposits, launch, and find the load in the ship.
+// around the planet richest in minerals, sweep it and read it, show the ship's
+// status, choose a site, descend, drive the rover over the deposits, launch,
+// and find the load in the ship.
 #include <gtest/gtest.h>
 
-#include <cmath>
 #include <cstdio>
 #include <cstdlib>
-#include <filesystem>
-#include <sstream>
 #include <string>
 #include <vector>
 
 #include "support/test_support.h"
+#include "ui/bitmap_font.h"
+#include "ui/font_builder.h"
 #include "universe/star_map.h"
 
 namespace {
 
-struct RichPlanet {
-  int x = -1, y = -1, lane = -1, density = -1;
-};
-
-// The planet with the highest mineral density on the game's star map.
-RichPlanet richestPlanet() {
-  ensureScreen();
-  clearStarMap(starMap);
-  loadStarmap(starMap);
-  RichPlanet best;
-  for (int x = 0; x < 500; ++x)
-    for (int y = 0; y < 500; ++y)
-      if (const StellarObject* o = starMap[x][y].object)
-        for (int lane = 0; lane < maxPlanets; ++lane)
-          if (o->Planets[lane] && o->Planets[lane]->MineralDensity > best.density)
-            best = RichPlanet{x, y, lane, o->Planets[lane]->MineralDensity};
-  return best;
-}
-
-std::vector<float> holdOf(const std::string& state, const char* name) {
-  std::string list = stateField(state, name);
-  std::vector<float> values;
-  for (char& c : list)
-    if (c == '[' || c == ']' || c == ',') c = ' ';
-  std::istringstream in(list);
-  for (float v; in >> v;) values.push_back(v);
-  return values;
+// Whether `text` in `font` shows on the screenshot at (x, y), pixel for pixel.
+bool showsText(SDL_Surface* shot, int x, int y, BitmapFont* font, const std::string& text) {
+  const int w = textWidth(font, text.c_str()), h = fontHeight(font);
+  SurfacePtr reference = blankSurface(w + 1, h);
+  printString(reference.get(), font, 0, 0, "%s", text.c_str());
+  for (int row = 0; row < h; ++row)
+    for (int col = 0; col < w; ++col)
+      if (pixelRGB(shot, x + col, y + row) != pixelRGB(reference.get(), col, row)) return false;
+  return true;
 }
 
 float sum(const std::vector<float>& v) {
@@ -55,61 +37,79 @@ float number(const std::string& state, const char* name) {
   return std::strtof(stateField(state, name).c_str(), nullptr);
 }
 
-// The saved game of the data directory, in orbit around the given planet.
-std::string orbitSave(const RichPlanet& p) {
-  char text[600];
-  std::snprintf(text, sizeof text,
-                "Surveyor\nWandering Lark\n%d\n%d\n140\n2\n%d\n2\nKestrel\nAegis\nHelion\nPulseLaser\nPulseLaser\n"
-                "MiningLaser\n0, 4.5, 0, 0, 2.25, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0.75, 0, 0, 0, 0\n"
-                "0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0\n",
-                p.x, p.y, p.lane);
-  return text;
-}
-
 }  // namespace
 
-TEST(SurfaceEndToEnd, SweepLandDriveCollectAndLaunch) {
-  const RichPlanet planet = richestPlanet();
-  ASSERT_GE(planet.lane, 0) << "no planet on the star map";
+TEST(SurfaceEndToEnd, SweepReadLandDriveCollectAndLaunch) {
+  ensureScreen();
+  clearStarMap(starMap);
+  loadStarmap(starMap);
+  int sx = -1, sy = -1, lane = -1;
+  const Planet* planet = nullptr;
+  for (int x = 0; x < 500; ++x)
+    for (int y = 0; y < 500; ++y)
+      if (const StellarObject* o = starMap[x][y].object)
+        for (int l = 0; l < maxPlanets; ++l)
+          if (o->Planets[l] && (!planet || o->Planets[l]->MineralDensity > planet->MineralDensity))
+            sx = x, sy = y, lane = l, planet = o->Planets[l];
+  ASSERT_NE(planet, nullptr) << "no planet on the star map";
   TempDir tmp;
-  const std::string data = tmp.path("data");
-  std::filesystem::copy(PROSPECTOR_DATA_DIR, data, std::filesystem::copy_options::recursive);
-  {
-    FILE* f = std::fopen((data + "/NewGame.sav").c_str(), "w");
-    ASSERT_NE(f, nullptr);
-    std::fputs(orbitSave(planet).c_str(), f);
-    std::fclose(f);
-  }
-  const std::string shot = tmp.path("rover.bmp");
-  std::string script;
-  script += "at 0 state\n";
-  script += clickRow(1, 1) + clickRow(10, 0);  // Science, Sensors
-  script += "at 60 state\n";
+  const std::string data = dataCopyWithSave(tmp, 2, sx, sy, 140, 2, lane);
+  std::string script = statesAt(0, 60) + clickRow(1, 1) + clickRow(10, 0);            // Science, Sensors
+  script += "at 60 screenshot " + tmp.path("readings.bmp") + "\n" + clickRow(62, 3);  // Status
+  script += "at 70 screenshot " + tmp.path("status.bmp") + "\nat 70 state\n";
   script +=
-      clickRow(62, 4) + clickRow(71, 0) + clickRow(80, 0) + clickRow(89, 0);  // Bridge, Captain, Land, Select Site
-  script += "at 98 mouse move 125 80\nat 101 mouse down\nat 104 mouse up\n";  // the site: cell (100, 60)
-  script += "at 106 state\n";
+      clickRow(71, 4) + clickRow(80, 0) + clickRow(89, 0) + clickRow(98, 0);  // Bridge, Captain, Land, Select Site
+  script += clickAt(107, 125, 80) + "at 115 state\n";                         // the site: cell (100, 60)
   // Select Site holds the command window still: click it off, then Descent.
-  script += "at 108 mouse move 600 270\nat 111 mouse down\nat 114 mouse up\n" + clickRow(117, 1);
-  script += "at 171 state\nat 172 state\n";
-  script += clickRow(180, 4) + clickRow(189, 2) + clickRow(198, 0);  // Bridge, Navigator, Maneuver
+  script += clickAt(117, 600, 270) + clickRow(126, 1) + "at 180 state\nat 181 state\n";
+  script += clickRow(189, 4) + clickRow(198, 2) + clickRow(207, 0);  // Bridge, Navigator, Maneuver
   // North for 40 frames, a quarter turn to the left, on for 40 more.
-  script += "at 210 key down up\nat 250 key down left\nat 268 key up left\n";
-  script += "at 270 screenshot " + shot + "\nat 300 key up up\nat 302 state\n";
+  script += "at 219 key down up\nat 259 key down left\nat 277 key up left\nat 309 key up up\nat 311 state\n";
   // Maneuver off, Bridge, Captain, Launch.
-  script += "at 305 mouse down\nat 308 mouse up\n" + clickRow(312, 3) + clickRow(321, 0) + clickRow(330, 0);
-  script += "at 385 state\nat 386 state\n";
+  script += "at 314 mouse down\nat 317 mouse up\n" + clickRow(321, 3) + clickRow(330, 0) + clickRow(339, 0);
+  script += "at 394 state\nat 395 state\n";
 
-  const RunResult r = runGame("--data " + data + " --seed 1 --unthrottled --log-stdout --frames 390 --script " +
-                              tmp.write("s.txt", script));
+  const RunResult r = runScript(script, "--data " + data + " --seed 1 --log-stdout --frames 399");
   ASSERT_EQ(r.status, 0) << r.err;
   const std::vector<std::string> states = stateLines(r.out);
-  ASSERT_EQ(states.size(), 8u) << r.out;
-  const std::string &start = states[0], &swept = states[1], &sited = states[2], &descending = states[3],
-                    &landed = states[4], &driven = states[5], &launching = states[6], &launched = states[7];
+  ASSERT_EQ(states.size(), 68u) << r.out;
+  const auto at = [&](std::size_t i, const char* name) { return stateNumber(states[i], name); };
+  const std::string &start = states[0], &swept = states[60], &status = states[61], &sited = states[62],
+                    &descending = states[63], &landed = states[64], &driven = states[65], &launching = states[66],
+                    &launched = states[67];
 
+  // The sweep runs for 30 frames and is counted when it ends.
   EXPECT_EQ(stateNumber(start, "mode"), 2);
+  std::size_t done = 0;
+  while (done < 61 && at(done, "scansTaken") == 0) ++done;
+  ASSERT_LE(done, 60u) << "the sweep never ended";
+  ASSERT_GE(done, 30u);
+  for (std::size_t i = done - 29; i < done; ++i) EXPECT_EQ(at(i, "scanRunning"), 1) << "frame " << i;
+  EXPECT_EQ(at(done - 30, "scanRunning"), 0) << "the sweep took more than 30 frames";
+  EXPECT_EQ(at(done, "scanRunning"), 0);
   EXPECT_EQ(stateNumber(swept, "scansTaken"), 1);
+
+  // Then the planet's readings, and Science, Status the ship's status in the pane.
+  const SurfacePtr readings(SDL_LoadBMP(tmp.path("readings.bmp").c_str()));
+  ASSERT_TRUE(readings);
+  BitmapFont* value = fontTable.fonts[4];
+  const auto after = [value](const char* label) { return 520 + textWidth(value, label); };
+  char mass[40], gravity[40], temperature[40];
+  std::snprintf(mass, sizeof mass, "%.2f x 10", double(planet->Mass));
+  std::snprintf(gravity, sizeof gravity, "%.2fg", double(planet->Gravity));
+  std::snprintf(temperature, sizeof temperature, "%dc to %dc", planet->MinTemp, planet->MaxTemp);
+  EXPECT_TRUE(showsText(readings.get(), 520, 15, fontTable.fonts[2], "Orbital Lane:"));
+  EXPECT_TRUE(showsText(readings.get(), after("Orbital Lane: "), 15, value, std::to_string(lane)));
+  EXPECT_TRUE(showsText(readings.get(), after("Mass: "), 35, value, mass));
+  EXPECT_TRUE(showsText(readings.get(), after("Gravity: "), 55, value, gravity));
+  EXPECT_TRUE(showsText(readings.get(), after("Temperature: "), 75, value, temperature));
+  EXPECT_TRUE(showsText(readings.get(), after("Mineral Density: "), 95, value, std::to_string(planet->MineralDensity)));
+  clearStarMap(starMap);
+  EXPECT_EQ(stateNumber(status, "showShipStatus"), 1);
+  const SurfacePtr statusShot(SDL_LoadBMP(tmp.path("status.bmp").c_str()));
+  ASSERT_TRUE(statusShot);
+  EXPECT_TRUE(showsText(statusShot.get(), 515, 25, fontTable.fonts[2], "Ship Class   : Surveyor"));
+
   EXPECT_EQ(stateNumber(sited, "currentMenu"), 11);
   EXPECT_EQ(stateNumber(descending, "mode"), 2) << "49 frames of descent";
   EXPECT_EQ(stateNumber(descending, "descentRunning"), 1);
@@ -124,13 +124,15 @@ TEST(SurfaceEndToEnd, SweepLandDriveCollectAndLaunch) {
   // Free space is capacity less the load, in both holds, at every step.
   const float capacity = number(start, "shipHoldCapacity");
   for (const std::string& s : states) {
-    EXPECT_NEAR(number(s, "roverHoldFree"), 50.0f - sum(holdOf(s, "roverHold")), 0.02f);
-    EXPECT_NEAR(number(s, "shipHoldFree"), capacity - sum(holdOf(s, "shipHold")), 0.02f);
+    EXPECT_NEAR(number(s, "roverHoldFree"), 50.0f - sum(stateFloats(s, "roverHold")), 0.02f);
+    EXPECT_NEAR(number(s, "shipHoldFree"), capacity - sum(stateFloats(s, "shipHold")), 0.02f);
   }
 
   // The launch moved the rover's whole load into the ship, mineral by mineral.
-  const std::vector<float> roverBefore = holdOf(launching, "roverHold"), shipBefore = holdOf(launching, "shipHold");
-  const std::vector<float> roverAfter = holdOf(launched, "roverHold"), shipAfter = holdOf(launched, "shipHold");
+  const std::vector<float> roverBefore = stateFloats(launching, "roverHold"),
+                           shipBefore = stateFloats(launching, "shipHold");
+  const std::vector<float> roverAfter = stateFloats(launched, "roverHold"),
+                           shipAfter = stateFloats(launched, "shipHold");
   ASSERT_EQ(shipAfter.size(), 22u);
   for (int m = 0; m < 22; ++m) {
     EXPECT_NEAR(shipAfter[m], shipBefore[m] + roverBefore[m], 0.011f) << m;
@@ -138,7 +140,7 @@ TEST(SurfaceEndToEnd, SweepLandDriveCollectAndLaunch) {
   }
 
   if (stateNumber(start, "deposits") == 0) GTEST_SKIP() << "the planet has no deposits to collect";
-  EXPECT_GT(sum(holdOf(driven, "roverHold")), 0.0f);
+  EXPECT_GT(sum(stateFloats(driven, "roverHold")), 0.0f);
   EXPECT_NE(r.out.find("Collected "), std::string::npos);
-  EXPECT_GT(sum(shipAfter), sum(holdOf(start, "shipHold")));
+  EXPECT_GT(sum(shipAfter), sum(stateFloats(start, "shipHold")));
 }

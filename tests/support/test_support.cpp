@@ -154,10 +154,63 @@ int stateNumber(const std::string& state, const std::string& name) {
   return std::atoi(value.c_str());
 }
 
-std::string clickRow(int frame, int row) {
-  const std::string y = std::to_string(260 + 30 * row + 10);
-  return "at " + std::to_string(frame) + " mouse move 600 " + y + "\n" + "at " + std::to_string(frame + 3) +
-         " mouse down\n" + "at " + std::to_string(frame + 6) + " mouse up\n";
+std::string clickAt(int frame, int x, int y) {
+  return "at " + std::to_string(frame) + " mouse move " + std::to_string(x) + " " + std::to_string(y) + "\nat " +
+         std::to_string(frame + 3) + " mouse down\nat " + std::to_string(frame + 6) + " mouse up\n";
+}
+
+std::string clickRow(int frame, int row) { return clickAt(frame, 600, 260 + 30 * row + 10); }
+
+std::string statesAt(int first, int last) {
+  std::string script;
+  for (int frame = first; frame <= last; ++frame) script += "at " + std::to_string(frame) + " state\n";
+  return script;
+}
+
+std::vector<float> stateFloats(const std::string& state, const std::string& name) {
+  std::string list = stateField(state, name);
+  for (char& c : list)
+    if (c == '[' || c == ']' || c == ',') c = ' ';
+  std::istringstream in(list);
+  std::vector<float> values;
+  for (float v; in >> v;) values.push_back(v);
+  return values;
+}
+
+RunResult runScript(const std::string& script, const std::string& arguments) {
+  TempDir tmp;
+  return runGame("--unthrottled --script " + tmp.write("script.txt", script) + " " + arguments);
+}
+
+std::string dataCopy(const TempDir& tmp) {
+  const std::string data = tmp.path("data");
+  std::filesystem::copy(PROSPECTOR_DATA_DIR, data, std::filesystem::copy_options::recursive);
+  return data;
+}
+
+std::string dataCopyWithSave(const TempDir& tmp, int mode, int starX, int starY, int systemX, int systemY, int planet,
+                             const std::string& shipHold, const std::string& roverHold) {
+  const std::string data = dataCopy(tmp);
+  // The saved game's lines without comments: ship, name, star cell, system cell, planet, mode, ...
+  std::vector<std::string> fields = {"",
+                                     "",
+                                     std::to_string(starX),
+                                     std::to_string(starY),
+                                     std::to_string(systemX),
+                                     std::to_string(systemY),
+                                     std::to_string(planet),
+                                     std::to_string(mode)};
+  std::ifstream shipped(data + "/NewGame.sav");
+  std::vector<std::string> lines;
+  for (std::string line; std::getline(shipped, line);)
+    if (line.empty() || line[0] != '#') lines.push_back(line);
+  if (!shipHold.empty()) lines[lines.size() - 2] = shipHold;
+  if (!roverHold.empty()) lines.back() = roverHold;
+  std::string save;
+  for (std::size_t i = 0; i < lines.size(); ++i)
+    save += (i < fields.size() && !fields[i].empty() ? fields[i] : lines[i]) + "\n";
+  tmp.write("data/NewGame.sav", save);
+  return data;
 }
 
 namespace {

@@ -89,3 +89,18 @@ std::vector<std::string> stateLines(const std::string& output);
 std::string stateField(const std::string& state, const std::string& name);
 int stateNumber(const std::string& state, const std::string& name);
 std::string clickRow(int frame, int row);
+// A click at (x, y) on screen: the mouse moves at `frame`, is pressed 3 frames later and let go after 3 more.
+std::string clickAt(int frame, int x, int y);
+// A `state` line for every frame from `first` to `last`.
+std::string statesAt(int first, int last);
+// The numbers of a state field holding a list, e.g. a hold.
+std::vector<float> stateFloats(const std::string& state, const std::string& name);
+// Runs the game unthrottled on `script` (written to a temporary file) with further arguments.
+RunResult runScript(const std::string& script, const std::string& arguments);
+
+// A copy of the built data directory in `tmp`, its saved game the shipped one.
+std::string dataCopy(const TempDir& tmp);
+// The same with the saved game starting in `mode` at star-map cell (starX, starY), system cell
+// (systemX, systemY) and planet slot `planet`; the hold lines are the shipped ones unless given.
+std::string dataCopyWithSave(const TempDir& tmp, int mode, int starX, int starY, int systemX, int systemY, int planet,
+                             const std::string& shipHold = "", const std::string& roverHold = "");
