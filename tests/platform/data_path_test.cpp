@@ -3,66 +3,38 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
 #include <string>
 
-namespace fs = std::filesystem;
+#include "support/test_support.h"
 
-namespace {
-
-// A scratch tree: <root>/prefix/bin/prospector beside <root>/prefix/share/prospector,
-// and a <root>/here standing for the current directory.
-struct Tree {
-  fs::path root;
-  Tree() {
-    char pattern[] = "/tmp/prospector-path-XXXXXX";
-    root = mkdtemp(pattern);
-    fs::create_directories(root / "prefix" / "bin");
-    fs::create_directories(root / "prefix" / "share" / "prospector");
-    fs::create_directories(root / "here");
-  }
-  ~Tree() { fs::remove_all(root); }
-  void giveData(const fs::path& dir) const { std::ofstream(dir / "NewGame.sav") << "Surveyor\n"; }
-};
-
-}  // namespace
-
+// <tmp>/prefix/bin/prospector finds <tmp>/prefix/share/prospector before <tmp>/here, the current directory.
 TEST(DataDir, InstalledDataFirstThenTheCurrentDirectory) {
   const struct {
     bool installed, here;
     const char* expected;  // "prefix", "here" or "" for none
-  } cases[] = {
-      {true, true, "prefix"},
-      {true, false, "prefix"},
-      {false, true, "here"},
-      {false, false, ""},
-  };
+  } cases[] = {{true, true, "prefix"}, {true, false, "prefix"}, {false, true, "here"}, {false, false, ""}};
   for (const auto& c : cases) {
-    Tree tree;
-    const fs::path installed = tree.root / "prefix" / "share" / "prospector";
-    if (c.installed) tree.giveData(installed);
-    if (c.here) tree.giveData(tree.root / "here");
+    TempDir tmp;
+    const std::string installed = tmp.path("prefix/share/prospector"), here = tmp.path("here");
+    std::filesystem::create_directories(installed);
+    std::filesystem::create_directories(here);
+    if (c.installed) tmp.write("prefix/share/prospector/NewGame.sav", "Surveyor\n");
+    if (c.here) tmp.write("here/NewGame.sav", "Surveyor\n");
     std::string looked;
-    const std::string found =
-        findDataDir((tree.root / "prefix" / "bin" / "prospector").string(), (tree.root / "here").string(), looked);
-    const std::string expected = std::string(c.expected) == "prefix" ? installed.string()
-                                 : std::string(c.expected) == "here" ? (tree.root / "here").string()
+    const std::string expected = c.expected == std::string("prefix") ? installed
+                                 : c.expected == std::string("here") ? here
                                                                      : "";
-    EXPECT_EQ(found, expected) << c.installed << c.here;
+    EXPECT_EQ(findDataDir(tmp.path("prefix/bin/prospector"), here, looked), expected) << c.installed << c.here;
     if (expected.empty()) {
-      EXPECT_EQ(looked, installed.string() + " and " + (tree.root / "here").string());
+      EXPECT_EQ(looked, installed + " and " + here);
     }
   }
-}
-
-TEST(DataDir, UnknownProgramPathLooksOnlyHere) {
+  // Without the program's path only the current directory is looked at.
   std::string looked;
   EXPECT_EQ(findDataDir("", "/nonexistent-dir", looked), "");
   EXPECT_EQ(looked, "/nonexistent-dir");
   // A directory named NewGame.sav is no saved game.
-  char pattern[] = "/tmp/prospector-path-XXXXXX";
-  const fs::path dir = mkdtemp(pattern);
-  fs::create_directory(dir / "NewGame.sav");
-  EXPECT_FALSE(isDataDir(dir.string()));
-  fs::remove_all(dir);
+  TempDir tmp;
+  std::filesystem::create_directory(tmp.path("NewGame.sav"));
+  EXPECT_FALSE(isDataDir(tmp.dir()));
 }

@@ -44,7 +44,6 @@ TEST(TrigTables, UseThreePointOneFourAndNeverReachOne) {
   fillTrigTables();
   EXPECT_EQ(cosTable[0], 0.999999999);
   EXPECT_NEAR(cosTable[90], 0.000796, 0.000001);
-  EXPECT_EQ(sinTable[37], std::sin(static_cast<float>(37) / 180.0f * 3.14));
   for (int i = 0; i < 360; ++i) EXPECT_LT(std::max(std::fabs(sinTable[i]), std::fabs(cosTable[i])), 1.0) << i;
 }
 

@@ -2,11 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdio>
 #include <filesystem>
 #include <string>
 #include <tuple>
 #include <utility>
-#include <vector>
 
 #include "base/game_state.h"
 #include "ship/ship.h"
@@ -93,26 +93,35 @@ TEST_F(SavedGameTest, MissingOrShortFilesStopWhereTheyEnd) {
             std::tuple(98.0f, 50.0f, 0));
 }
 
-TEST_F(SavedGameTest, ValuesOutsideTheirRangesAreClampedWithALogLine) {
+TEST_F(SavedGameTest, ValuesOutsideTheirRangesFallBackWithALogLine) {
+  // System cells one past an edge stay there, unlogged, so the first System frame leaves by that edge.
   const struct {
     const char* cells;
-    const char* logged;
-  } cases[] = {{"1\n1\n1\n1\n0\n7", "mode 7 is not 0 to 3"},
-               {"1\n1\n1\n1\n12\n2", "planet slot 12 is not 0 to 9"},
-               {"1\n1\n1\n1\n-1\n1", "planet slot -1 is not 0 to 9"},
-               {"-4\n99999999999\n400\n-2\n0\n0", "star-map x cell -4 is off the map"},
-               {"-4\n99999999999\n400\n-2\n0\n0", "system x cell 400 is far outside the system; using 281"},
-               {"-4\n99999999999\n400\n-2\n0\n0", "system y cell -2 is far outside the system; using -1"}};
+    int mode, sysX, sysY;
+    const char* logged;  // nullptr: nothing is far outside
+  } cases[] = {
+      {"1\n1\n1\n1\n0\n7", Space, 50, 50, "mode 7 is not 0 to 3"},
+      {"1\n1\n1\n1\n12\n2", Space, 50, 50, "planet slot 12 is not 0 to 9"},
+      {"1\n1\n1\n1\n-1\n1", Space, 50, 50, "planet slot -1 is not 0 to 9"},
+      {"-4\n99999999999\n400\n-2\n0\n0", Space, 281 * 50, -50, "star-map x cell -4 is off the map"},
+      {"-4\n99999999999\n400\n-2\n0\n0", Space, 281 * 50, -50,
+       "system x cell 400 is far outside the system; using 281"},
+      {"-4\n99999999999\n400\n-2\n0\n0", Space, 281 * 50, -50, "system y cell -2 is far outside the system; using -1"},
+      {"100\n100\n281\n122\n0\n1", System, 281 * 50, 122 * 50, nullptr},
+      {"100\n100\n-1\n122\n0\n1", System, -50, 122 * 50, nullptr},
+      {"100\n100\n140\n246\n0\n1", System, 140 * 50, 246 * 50, nullptr},
+      {"100\n100\n140\n-1\n0\n1", System, 140 * 50, -50, nullptr},
+      {"100\n100\n280\n245\n0\n1", System, 280 * 50, 245 * 50, nullptr}};
   for (const auto& c : cases) {
     LogWatch log;
     ASSERT_TRUE(loadBare(c.cells, "0\n0\n"));
-    EXPECT_EQ(std::pair(gameState.mode, gameState.currentPlanet), std::pair(int(Space), 0)) << c.cells;
-    EXPECT_TRUE(log.saw(c.logged)) << c.cells;
+    EXPECT_EQ(std::tuple(gameState.mode, gameState.currentPlanet, gameState.sysX, gameState.sysY),
+              std::tuple(c.mode, 0, c.sysX, c.sysY))
+        << c.cells;
+    EXPECT_TRUE(c.logged ? log.saw(c.logged) : !log.saw("far outside")) << c.cells;
   }
-  // Star-map cells are pulled onto the grid; system cells stay past the edge
-  // they lie beyond, one cell out, so the first System frame leaves by it.
-  EXPECT_EQ(std::tuple(gameState.posX, gameState.posY, gameState.sysX, gameState.sysY),
-            std::tuple(300, 499 * 50 + 300, 281 * 50, -50));
+  loadBare("-4\n99999999999\n400\n-2\n0\n0", "0\n0\n");  // star-map cells are pulled onto the grid
+  EXPECT_EQ(std::pair(gameState.posX, gameState.posY), std::pair(300, 499 * 50 + 300));
 
   const std::string longText(200, 'n');
   ASSERT_TRUE(load("Bare\n" + longText + "\n1\n1\n1\n1\n0\n0\n" + longText + "\nS\nP\n0\n0\n"));
@@ -120,76 +129,44 @@ TEST_F(SavedGameTest, ValuesOutsideTheirRangesAreClampedWithALogLine) {
   EXPECT_EQ(std::string(playerShip.engine.name), std::string(99, 'n'));
 }
 
-TEST_F(SavedGameTest, SystemCellsJustPastAnEdgeAreKeptForTheFirstFrameToLeaveBy) {
-  const struct {
-    const char* cells;
-    int sysX, sysY;
-  } cases[] = {{"100\n100\n281\n122\n0\n1", 281 * 50, 122 * 50},
-               {"100\n100\n-1\n122\n0\n1", -50, 122 * 50},
-               {"100\n100\n140\n246\n0\n1", 140 * 50, 246 * 50},
-               {"100\n100\n140\n-1\n0\n1", 140 * 50, -50},
-               {"100\n100\n280\n245\n0\n1", 280 * 50, 245 * 50}};
-  for (const auto& c : cases) {
-    LogWatch log;
-    ASSERT_TRUE(loadBare(c.cells, "0\n0\n"));
-    EXPECT_EQ(std::tuple(gameState.mode, gameState.sysX, gameState.sysY), std::tuple(int(System), c.sysX, c.sysY))
-        << c.cells;
-    EXPECT_FALSE(log.saw("far outside")) << c.cells;
-  }
-}
-
 // Bare has two holds: 100 CU. The ship's hold is line 12 of the file, the rover's line 13.
 TEST_F(SavedGameTest, HoldAmountsThatAreNotFiniteOrDoNotFitAreLoggedAndLeftEmpty) {
   const struct {
-    const char* holds;
-    std::vector<float> ship, rover;
+    const char *holds, *ship, *rover;  // the amounts up to the last one not 0
     float shipFree, roverFree;
     const char* logged;
   } cases[] = {
-      {"nan 5\n0\n",
-       {0, 5},
-       {0},
-       95,
-       50,
+      {"nan 5\n0\n", "0 5", "", 95, 50,
        "Test.sav line 12: ship's hold amount nan is not 0 to 100.00 CU; slot 1 left empty"},
-      {"1 inf\n0\n",
-       {1, 0},
-       {0},
-       99,
-       50,
+      {"1 inf\n0\n", "1", "", 99, 50,
        "Test.sav line 12: ship's hold amount inf is not 0 to 99.00 CU; slot 2 left empty"},
-      {"1e39 2\n0\n", {0, 2}, {0}, 98, 50, "Test.sav line 12: ship's hold amount 1e39 is not 0 to 100.00 CU; slot 1"},
-      {"-0.5, 2\n0\n", {0, 2}, {0}, 98, 50, "Test.sav line 12: ship's hold amount -0.5 is not 0 to 100.00 CU; slot 1"},
-      {"-inf -nan\n0\n", {0, 0}, {0}, 100, 50, "ship's hold amount -nan is not 0 to 100.00 CU; slot 2"},
-      {"60 50 40\n0\n",
-       {60, 0, 40},
-       {0},
-       0,
-       50,
-       "Test.sav line 12: ship's hold amount 50 is not 0 to 40.00 CU; slot 2"},
-      {"100\n-inf 50 1\n",
-       {100},
-       {0, 50, 0},
-       0,
-       0,
-       "Test.sav line 13: rover's hold amount 1 is not 0 to 0.00 CU; slot 3"},
-      {"0\n49.5 0.25 0.25\n", {0}, {49.5f, 0.25f, 0.25f}, 100, 0, nullptr},
+      {"1e39 2\n0\n", "0 2", "", 98, 50, "Test.sav line 12: ship's hold amount 1e39 is not 0 to 100.00 CU; slot 1"},
+      {"-0.5, 2\n0\n", "0 2", "", 98, 50, "Test.sav line 12: ship's hold amount -0.5 is not 0 to 100.00 CU; slot 1"},
+      {"-inf -nan\n0\n", "", "", 100, 50, "ship's hold amount -nan is not 0 to 100.00 CU; slot 2"},
+      {"60 50 40\n0\n", "60 0 40", "", 0, 50, "Test.sav line 12: ship's hold amount 50 is not 0 to 40.00 CU; slot 2"},
+      {"100\n-inf 50 1\n", "100", "0 50", 0, 0, "Test.sav line 13: rover's hold amount 1 is not 0 to 0.00 CU; slot 3"},
+      {"0\n49.5 0.25 0.25\n", "", "49.5 0.25 0.25", 100, 0, nullptr},
+  };
+  const auto amounts = [](const auto& hold) {
+    std::string out;
+    std::size_t n = hold.size();
+    while (n > 0 && hold[n - 1] == 0.0f) --n;
+    for (std::size_t i = 0; i < n; ++i) {
+      char amount[32];
+      std::snprintf(amount, sizeof amount, "%s%g", i ? " " : "", hold[i]);
+      out += amount;
+    }
+    return out;
   };
   for (const auto& c : cases) {
     LogWatch log;
     playerShip = Ship{};
     ASSERT_TRUE(loadBare("1\n1\n1\n1\n0\n0", c.holds));
-    for (std::size_t i = 0; i < 22; ++i) {
-      EXPECT_EQ(playerShip.shipHold[i], i < c.ship.size() ? c.ship[i] : 0.0f) << c.holds << " ship slot " << i;
-      EXPECT_EQ(playerShip.roverHold[i], i < c.rover.size() ? c.rover[i] : 0.0f) << c.holds << " rover slot " << i;
-    }
-    EXPECT_EQ(std::pair(playerShip.shipHoldFree, playerShip.roverHoldFree), std::pair(c.shipFree, c.roverFree))
+    EXPECT_EQ(std::tuple(amounts(playerShip.shipHold), amounts(playerShip.roverHold), playerShip.shipHoldFree,
+                         playerShip.roverHoldFree),
+              std::tuple(std::string(c.ship), std::string(c.rover), c.shipFree, c.roverFree))
         << c.holds;
-    if (c.logged) {
-      EXPECT_TRUE(log.saw(c.logged)) << c.holds;
-    } else {
-      EXPECT_FALSE(log.saw("hold amount")) << c.holds;
-    }
+    EXPECT_TRUE(c.logged ? log.saw(c.logged) : !log.saw("hold amount")) << c.holds;
   }
 }
 

@@ -18,82 +18,60 @@ namespace {
 class JsonCheck {
  public:
   explicit JsonCheck(const std::string& text) : s_(text) {}
-  bool valid() {
-    skip();
-    if (!value()) return false;
-    skip();
-    return i_ == s_.size();
-  }
+  bool valid() { return value() && (peek(), i_ == s_.size()); }
 
  private:
-  void skip() {
+  // The next character past white space, or 0 at the end.
+  char peek() {
     while (i_ < s_.size() && std::isspace(static_cast<unsigned char>(s_[i_]))) ++i_;
+    return i_ < s_.size() ? s_[i_] : 0;
   }
-  bool literal(const char* word) {
-    const std::string w(word);
-    if (s_.compare(i_, w.size(), w) != 0) return false;
-    i_ += w.size();
-    return true;
-  }
+  bool eat(char c) { return peek() == c && ++i_; }
+  bool at(char c) const { return i_ < s_.size() && s_[i_] == c; }
   bool digits() {
     const std::size_t start = i_;
     while (i_ < s_.size() && std::isdigit(static_cast<unsigned char>(s_[i_]))) ++i_;
     return i_ > start;
   }
   bool number() {
-    if (i_ < s_.size() && s_[i_] == '-') ++i_;
-    if (!digits()) return false;
-    if (i_ < s_.size() && s_[i_] == '.' && (++i_, !digits())) return false;
-    if (i_ < s_.size() && (s_[i_] == 'e' || s_[i_] == 'E')) {
-      ++i_;
-      if (i_ < s_.size() && (s_[i_] == '+' || s_[i_] == '-')) ++i_;
-      if (!digits()) return false;
-    }
-    return true;
+    i_ += at('-');
+    if (!digits() || (at('.') && (++i_, !digits()))) return false;
+    if (!at('e') && !at('E')) return true;
+    ++i_;
+    i_ += at('+') || at('-');
+    return digits();
   }
   bool string() {
-    if (s_[i_++] != '"') return false;
-    while (i_ < s_.size() && s_[i_] != '"') {
+    if (!eat('"')) return false;
+    for (; i_ < s_.size() && s_[i_] != '"'; i_ += s_[i_] == '\\' ? 2 : 1) {
       if (static_cast<unsigned char>(s_[i_]) < 0x20) return false;
-      i_ += s_[i_] == '\\' ? 2 : 1;
     }
     return i_++ < s_.size();
   }
+  bool word(const std::string& w) { return s_.compare(i_, w.size(), w) == 0 && (i_ += w.size()); }
   template <typename Item>
   bool sequence(char close, Item item) {
     ++i_;
-    skip();
-    if (i_ < s_.size() && s_[i_] == close) return ++i_, true;
-    while (true) {
-      skip();
+    if (eat(close)) return true;
+    do {
       if (!item()) return false;
-      skip();
-      if (i_ >= s_.size()) return false;
-      if (s_[i_] == close) return ++i_, true;
-      if (s_[i_++] != ',') return false;
-    }
+    } while (eat(','));
+    return eat(close);
   }
   bool value() {
-    if (i_ >= s_.size()) return false;
-    switch (s_[i_]) {
+    switch (peek()) {
       case '{':
-        return sequence('}', [&] {
-          if (i_ >= s_.size() || !string()) return false;
-          skip();
-          if (i_ >= s_.size() || s_[i_++] != ':') return false;
-          skip();
-          return value();
-        });
+        return sequence('}', [&] { return string() && eat(':') && value(); });
       case '[':
         return sequence(']', [&] { return value(); });
       case '"':
         return string();
       case 't':
-        return literal("true");
+        return word("true");
       case 'f':
-        return literal("false");
+        return word("false");
       case 'n':
-        return literal("null");
+        return word("null");
       default:
         return number();
     }
@@ -115,7 +93,8 @@ class StateDumpTest : public GameTest {
 TEST(JsonCheckSelf, AcceptsJsonAndRejectsWhatIsNot) {
   for (const char* good : {"{}", "[1,-2.5,3e4,null,true]", R"({"a":{"b":["x\"y"]}})"})
     EXPECT_TRUE(JsonCheck(good).valid()) << good;
-  for (const char* bad : {"{\"a\":nan}", "[inf]", "[-inf]", "{\"a\":1,}", "[1 2]", "{\"a\"}", "[1.]"})
+  for (const char* bad :
+       {"{\"a\":nan}", "[inf]", "[-inf]", "{\"a\":1,}", "[1 2]", "{\"a\"}", "[1.]", "[1e]", "\"a", ""})
     EXPECT_FALSE(JsonCheck(bad).valid()) << bad;
 }
 
@@ -134,11 +113,8 @@ TEST_F(StateDumpTest, NonFiniteNumbersAreWrittenAsNullSoTheLineStaysJson) {
   std::strcpy(playerShip.shipName, "nan inf");
   const std::string json = gameStateJson();
   EXPECT_TRUE(JsonCheck(json).valid()) << json;
-  EXPECT_EQ(stateField(json, "velX"), "null");
-  EXPECT_EQ(stateField(json, "velY"), "null");
-  EXPECT_EQ(stateField(json, "shipHoldFree"), "null");
-  EXPECT_EQ(stateField(json, "roverHoldFree"), "null");
-  EXPECT_EQ(stateField(json, "shipHoldCapacity"), "null");
+  for (const char* field : {"velX", "velY", "shipHoldFree", "roverHoldFree", "shipHoldCapacity"})
+    EXPECT_EQ(stateField(json, field), "null") << field;
   EXPECT_EQ(stateField(json, "shipHold").substr(0, 21), "[null,4.50,0.00,null,");
   EXPECT_EQ(stateField(json, "roverHold").substr(stateField(json, "roverHold").size() - 6), ",null]");
   EXPECT_EQ(stateField(json, "shipName"), "\"nan inf\"");  // texts are left alone

@@ -34,26 +34,22 @@ TEST(StarmapDataTest, ShippedFilesLoadCleanlyWithRealisticStarsAndPlanets) {
   int planets = 0, rich = 0, bonanzas = 0;
   constexpr int coldestCelsius = -270;  // the 3 K glow of the sky
   constexpr std::size_t chartEcoWidth = 7;
-  for (int x = 0; x < starMapSize; ++x) {
-    for (int y = 0; y < starMapSize; ++y) {
-      if (const StellarObject* o = starMap[x][y].object) {
-        EXPECT_LE(std::strlen(o->Eco), chartEcoWidth) << "the chart's label cuts '" << o->Eco << "'";
-      }
+  for (int i = 0; i < starMapSize * starMapSize; ++i) {
+    const StellarObject* o = starMap[i / starMapSize][i % starMapSize].object;
+    if (!o) continue;
+    EXPECT_LE(std::strlen(o->Eco), chartEcoWidth) << "the chart's label cuts '" << o->Eco << "'";
+    for (const Planet* p : o->Planets) {
+      if (!p) continue;
+      ++planets;
+      const std::string hydro = p->Hydro;
+      EXPECT_TRUE(hydro == "None" || std::count(colorTableNames, colorTableNames + colorTableCount, hydro)) << hydro;
+      for (const char* litho : p->Litho) EXPECT_TRUE(mineralNumber(litho) != 0 || !std::strcmp(litho, "Lead")) << litho;
+      EXPECT_TRUE(p->MinTemp <= p->MaxTemp && p->MineralDensity >= 0 && p->MineralDensity < 10000);
+      EXPECT_GE(p->MinTemp, coldestCelsius) << "seed " << p->Seed << " is colder than space";
+      EXPECT_TRUE(seeds.insert(p->Seed).second) << "seed " << p->Seed << " used twice";
+      rich += p->MineralDensity >= 250;
+      bonanzas += p->MineralDensity >= 1000;
     }
-  }
-  for (int i = 0; i < starMapSize * starMapSize * maxPlanets; ++i) {
-    const StellarObject* o = starMap[i / 5000][i / 10 % 500].object;
-    const Planet* p = o ? o->Planets[i % 10] : nullptr;
-    if (!p) continue;
-    ++planets;
-    const std::string hydro = p->Hydro;
-    EXPECT_TRUE(hydro == "None" || std::count(colorTableNames, colorTableNames + colorTableCount, hydro)) << hydro;
-    for (const char* litho : p->Litho) EXPECT_TRUE(mineralNumber(litho) != 0 || !std::strcmp(litho, "Lead")) << litho;
-    EXPECT_TRUE(p->MinTemp <= p->MaxTemp && p->MineralDensity >= 0 && p->MineralDensity < 10000);
-    EXPECT_GE(p->MinTemp, coldestCelsius) << "seed " << p->Seed << " is colder than space";
-    EXPECT_TRUE(seeds.insert(p->Seed).second) << "seed " << p->Seed << " used twice";
-    rich += p->MineralDensity >= 250;
-    bonanzas += p->MineralDensity >= 1000;
   }
   EXPECT_EQ(planets, c.totalPlanets) << "no lane given twice";
   EXPECT_TRUE(rich > 50 && rich < planets / 10) << rich << " rich worlds of " << planets;
