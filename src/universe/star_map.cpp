@@ -3,6 +3,7 @@
 #include <SDL_image.h>
 #include <SDL_rotozoom.h>
 
+#include <algorithm>
 #include <cstdarg>
 #include <cstdio>
 #include <cstring>
@@ -443,6 +444,13 @@ class ColorTableReader {
     expectRange_ = true;
   }
 
+  // One step of a running channel. Huge steps saturate far outside 0..255
+  // instead of overflowing: the stored colour is held to 0..255 anyway.
+  static int stepChannel(int value, int step, bool rising) {
+    const long long next = static_cast<long long>(value) + (rising ? step : -static_cast<long long>(step));
+    return static_cast<int>(std::clamp<long long>(next, -(1LL << 30), 1LL << 30));
+  }
+
   void readRange(const std::vector<std::string_view>& tokens) {
     if (tokens.size() < 4) {
       note("colour range needs an end index and three steps; range skipped");
@@ -460,7 +468,7 @@ class ColorTableReader {
     int steps[3];
     for (int c = 0; c < 3; ++c) steps[c] = parseInt(tokens[c + 1]);
     for (int slot = latestEntry_ + 1; slot <= end; ++slot) {
-      for (int c = 0; c < 3; ++c) color_[c] += rising_[c] ? steps[c] : -steps[c];
+      for (int c = 0; c < 3; ++c) color_[c] = stepChannel(color_[c], steps[c], rising_[c]);
       store(slot);
     }
   }

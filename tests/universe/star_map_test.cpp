@@ -148,6 +148,13 @@ TEST_F(StarMapTest, ColoursPastATableSpillIntoTheNextAndNothingPastTheLast) {
   expectLogged(log, {"PlanetColor.txt line 25: more than 2048 colours; the rest are ignored"});
 }
 
+TEST_F(StarMapTest, HugeRangeStepsSaturateInsteadOfOverflowing) {
+  // Steps near the int limit over a long range once overflowed the running channel.
+  loadColors("0 10 250 5\n. + - +\n255 2000000000 2000000000 -2147483648\n");
+  EXPECT_EQ(table[1], rgb(255, 0, 0));
+  EXPECT_EQ(table[255], rgb(255, 0, 0));
+}
+
 TEST_F(StarMapTest, BadColourLinesAreSkippedAndStoredValuesStayInBounds) {
   loadColors(
       ". + + +\n9 1 1 1\n300 1 2 3\n-1 1 2 3\n4 5 6\n250 250 5 128\n. + - +\n400 3 3 3\n20 -5 300 7 9\n. +\n22 1 1\n");
