@@ -30,6 +30,10 @@ const char* usageText() {
          "  --unthrottled    do not wait between frames\n"
          "  --log-stdout     also print every debug-log line to standard output\n"
          "  --script FILE    play the scripted input in FILE\n"
+         "  --new            start a new voyage; it replaces the kept one at the first save\n"
+         "  --voyage FILE    keep the voyage in FILE (also for --script and --frames runs)\n"
+         "  --autosave MS    save a changed voyage at most every MS milliseconds (default 1000;\n"
+         "                   0 saves after every frame)\n"
          "  --help           show this text\n";
 }
 
@@ -89,6 +93,22 @@ bool parseOptions(int argc, const char* const* argv, Options& options, std::stri
         return false;
       }
       options.seed = static_cast<unsigned int>(n);
+    } else if (arg == "--new") {
+      options.newVoyage = true;
+    } else if (arg == "--voyage") {
+      if (!value(text)) return false;
+      if (!*text) {
+        error = "--voyage needs a file";
+        return false;
+      }
+      options.voyagePath = text;
+    } else if (arg == "--autosave") {
+      if (!value(text)) return false;
+      if (!parseNumber(text, 0, 3600000, n)) {
+        error = std::string("--autosave takes a whole number of milliseconds from 0 to 3600000, not '") + text + "'";
+        return false;
+      }
+      options.autosaveMs = static_cast<int>(n);
     } else {
       error = "unknown option '" + std::string(arg) + "'";
       return false;

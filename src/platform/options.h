@@ -13,6 +13,9 @@ struct Options {
   int scale = 1;                     // --scale N: window N times 800 x 600 (1 to 4)
   bool check = false;                // --check: check the data files and leave
   bool help = false;                 // --help
+  bool newVoyage = false;            // --new: start from NewGame.sav, replace the voyage at the first save
+  std::string voyagePath;            // --voyage FILE: the voyage kept in FILE
+  int autosaveMs = 1000;             // --autosave MS: least time between autosaves (0: every frame)
 };
 
 // Parses argv. On a bad command line returns false with `error` set.

@@ -28,6 +28,7 @@
 #include "shell/saved_game.h"
 #include "shell/screen_layout.h"
 #include "shell/state_dump.h"
+#include "shell/voyage.h"
 #include "ship/cargo.h"
 #include "ship/components.h"
 #include "ship/ship.h"
@@ -183,7 +184,7 @@ void startUp(const Options& options) {
   gameState.lastSectorX = gameState.lastSectorY = 0;
   gameState.showShipStatus = 0;
   checkSavedGame();
-  loadGame(savedGamePath);
+  startVoyage(savedGamePath);
   loadEngine(playerShip);
   loadShield(playerShip);
   loadPowerPlant(playerShip);
@@ -250,6 +251,7 @@ void runFrame() {
   }
 
   present();
+  autosaveVoyage();
   gameState.framesCounted += 1;
 
   runScriptOutput();
@@ -293,6 +295,7 @@ int gameMain(int argc, char** argv) {
       return 1;
     }
   }
+  chooseVoyage(options);
   if (chdir(dataDir.c_str()) != 0) {
     std::fprintf(stderr, "prospector: can't use the data directory %s: %s\n", dataDir.c_str(), std::strerror(errno));
     return 2;

@@ -33,6 +33,8 @@ std::string savedFile;
 int savedLine = 0;
 int modeLine = 0;
 int planetLine = 0;
+// The ship file stem of line 0 as last read; the ship record keeps only the class.
+std::string shipStem;
 
 __attribute__((format(printf, 1, 2))) void problem(const char* format, ...) {
   va_list args;
@@ -98,6 +100,7 @@ void headerLine(int index, const std::string& line) {
     case 0: {
       char stem[100];
       copyName(stem, line, "ship file name");
+      shipStem = stem;
       loadShip(shipImages, ship, stem);
       break;
     }
@@ -253,6 +256,8 @@ bool loadGame(const char* path) {
   checkModeAndPlanet();
   return true;
 }
+
+const char* savedShipStem() { return shipStem.c_str(); }
 
 void restoreSavedMode() {
   switch (gameState.mode) {

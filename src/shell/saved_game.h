@@ -8,3 +8,7 @@ void restoreSavedMode();
 // the loaded star map does not have (restoreSavedMode falls back to Space for
 // them). Call after loadGame and loadStarmap; changes nothing.
 void checkSavedPlace();
+// The ship file stem that the last saved game read named on its first line
+// ("" before any); the writer needs it, since ship files may name their class
+// differently.
+const char* savedShipStem();
