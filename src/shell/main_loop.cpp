@@ -17,6 +17,7 @@
 #include "displays/ship_config.h"
 #include "displays/status_window.h"
 #include "platform/data_path.h"
+#include "platform/display_loss.h"
 #include "platform/input_script.h"
 #include "platform/options.h"
 #include "platform/random.h"
@@ -162,6 +163,10 @@ void startUp(const Options& options) {
     std::fprintf(stderr, "Couldn't set %dx%dx%d video mode: %s\n", 800, 600, 32, SDL_GetError());
     std::exit(1);
   }
+  guardDisplayLoss([] {
+    hideLog();  // a visible log would present each line it takes
+    saveVoyage(true);
+  });
   buildFonts();
   checkFonts();
   setLogEcho(options.logToStdout);

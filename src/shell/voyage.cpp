@@ -45,7 +45,8 @@ std::string voyageKey() {
     key += name;
     key += '\n';
   }
-  for (int i = 0; i < ship.hardPointCount && i < maxHardPoints; ++i) key += std::string(ship.hardPoints[i].weaponName) + '\n';
+  for (int i = 0; i < ship.hardPointCount && i < maxHardPoints; ++i)
+    key += std::string(ship.hardPoints[i].weaponName) + '\n';
   key.append(reinterpret_cast<const char*>(ship.shipHold.data()), sizeof ship.shipHold);
   key.append(reinterpret_cast<const char*>(ship.roverHold.data()), sizeof ship.roverHold);
   return key;
@@ -191,7 +192,8 @@ void startVoyage(const char* newGamePath) {
       say("Voyage continued");
       return;
     }
-    if (setAside(voyagePath)) say("%s could not be read; kept as %s.broken", nameOf(voyagePath).c_str(), nameOf(voyagePath).c_str());
+    if (setAside(voyagePath))
+      say("%s could not be read; kept as %s.broken", nameOf(voyagePath).c_str(), nameOf(voyagePath).c_str());
     playerShip = shipBefore;
     gameState = stateBefore;
   }
@@ -201,7 +203,8 @@ void startVoyage(const char* newGamePath) {
       say("Voyage continued");
       return;
     }
-    if (setAside(backup)) say("%s could not be read; kept as %s.broken", nameOf(backup).c_str(), nameOf(backup).c_str());
+    if (setAside(backup))
+      say("%s could not be read; kept as %s.broken", nameOf(backup).c_str(), nameOf(backup).c_str());
     playerShip = shipBefore;
     gameState = stateBefore;
   }
