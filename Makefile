@@ -22,6 +22,7 @@ play: build
 	./$(BUILD)/prospector --data $(BUILD)/data
 
 test: build
+	@./scripts/install-deps --test
 	cd $(BUILD) && SDL_VIDEODRIVER=dummy ctest --output-on-failure -j $(JOBS)
 
 install: build

@@ -10,6 +10,7 @@
 #include "base/game_state.h"
 #include "platform/data_path.h"
 #include "shell/saved_game.h"
+#include "shell/voyage.h"
 #include "ship/components.h"
 #include "ship/ship.h"
 #include "universe/star_map.h"
@@ -54,6 +55,16 @@ int checkData(const char* dataDir, std::FILE* out) {
   loadPowerPlant(playerShip);
   loadWeapons(playerShip);
   checkSavedPlace();
+  // The player's voyage goes through the same loaders, and the parts it names too.
+  const std::string voyage = voyageToCheck();
+  if (!voyage.empty()) {
+    loadGame(voyage.c_str());
+    loadEngine(playerShip);
+    loadShield(playerShip);
+    loadPowerPlant(playerShip);
+    loadWeapons(playerShip);
+    checkSavedPlace();
+  }
   if (playerShip.shipClass[0] != '\0') checkImage(std::string(".\\Ships\\") + playerShip.shipClass + "_large.bmp");
   for (const char* arrow : {"Up", "Down"}) {
     for (const char* look : {"norm", "highlight", "select"}) {

@@ -238,6 +238,9 @@ RunResult runGame(const std::string& arguments, const std::string& environment) 
 int main(int argc, char** argv) {
   setenv("SDL_VIDEODRIVER", "dummy", 0);
   setenv("SDL_AUDIODRIVER", "dummy", 0);
+  // No test reads or writes the player's own voyage under ~/.local/share.
+  static TempDir dataHome;
+  setenv("XDG_DATA_HOME", dataHome.dir().c_str(), 1);
   if (chdir(PROSPECTOR_DATA_DIR) != 0) {
     std::fprintf(stderr, "test: can't enter %s\n", PROSPECTOR_DATA_DIR);
     return 1;
