@@ -40,8 +40,7 @@ bool contains(const std::string& text, const std::string& part) { return text.fi
 
 // Runs the game on `data` with the voyage `voyage`: a state line at frame 1, then `exit` at frame 3.
 RunResult runVoyage(const std::string& data, const std::string& voyage, const std::string& exit = "key down escape") {
-  return runScript("at 1 state\nat 3 " + exit + "\n",
-                   "--data " + data + " --voyage " + voyage + " --log-stdout");
+  return runScript("at 1 state\nat 3 " + exit + "\n", "--data " + data + " --voyage " + voyage + " --log-stdout");
 }
 
 // Starts the program with arguments, standard output and error into `out`, and extra environment.
@@ -97,7 +96,8 @@ TEST(VoyageEndToEnd, EveryModeComesBackAsItWasLeft) {
     for (std::string line; std::getline(in, line);)
       if (line.empty() || line[0] != '#') lines.push_back(line);
     ASSERT_GE(lines.size(), 2u);
-    for (auto [given, line] : {std::pair{row.shipHold, lines[lines.size() - 2]}, std::pair{row.roverHold, lines.back()}}) {
+    for (auto [given, line] :
+         {std::pair{row.shipHold, lines[lines.size() - 2]}, std::pair{row.roverHold, lines.back()}}) {
       const std::vector<float> expected = amounts(given), got = amounts(line);
       ASSERT_EQ(got.size(), 22u);
       for (std::size_t i = 0; i < expected.size(); ++i) EXPECT_EQ(got[i], expected[i]) << line;
@@ -118,6 +118,25 @@ TEST(VoyageEndToEnd, EveryModeComesBackAsItWasLeft) {
   }
 }
 
+TEST(VoyageEndToEnd, ThePlayersVoyageIsInTheDataHomeAndScriptedRunsLeaveIt) {
+  TempDir tmp;
+  const std::string torn = "Surveyor\nTorn Sail\n";
+  tmp.write("xdg/prospector/voyage.sav", torn);
+  tmp.write("home/.local/share/prospector/voyage.sav", torn);
+  for (const std::string& place : {"XDG_DATA_HOME=" + tmp.path("xdg"), "XDG_DATA_HOME= HOME=" + tmp.path("home")}) {
+    const RunResult check = runGame("--check", place);
+    EXPECT_EQ(check.status, 1);
+    EXPECT_TRUE(contains(check.out, "prospector/voyage.sav: Saved game: ends before")) << place << check.out;
+  }
+  const RunResult scripted =
+      runGame("--unthrottled --log-stdout --script " + tmp.write("s.txt", "at 2 key down escape\n"),
+              "XDG_DATA_HOME=" + tmp.path("xdg"));
+  EXPECT_EQ(scripted.status, 0);
+  EXPECT_FALSE(contains(scripted.out, "voyage")) << scripted.out;
+  EXPECT_FALSE(std::filesystem::exists(tmp.path("xdg/prospector/voyage.sav.broken")));
+  EXPECT_EQ(readFile(tmp.path("xdg/prospector/voyage.sav")), torn);
+}
+
 TEST(VoyageEndToEnd, ABrokenVoyageIsKeptAsideForTheBackupThenTheNewGame) {
   TempDir tmp;
   const std::string data = dataCopy(tmp);
@@ -133,8 +152,8 @@ TEST(VoyageEndToEnd, ABrokenVoyageIsKeptAsideForTheBackupThenTheNewGame) {
 
   RunResult r = runVoyage(data, voyage);
   ASSERT_EQ(r.status, 0) << r.err;
-  for (const char* step : {"v.sav could not be read; kept as v.sav.broken", "Trying the backup v.sav.bak",
-                           "Voyage continued"}) {
+  for (const char* step :
+       {"v.sav could not be read; kept as v.sav.broken", "Trying the backup v.sav.bak", "Voyage continued"}) {
     EXPECT_TRUE(contains(r.out, step)) << step;
   }
   EXPECT_EQ(stateField(stateLines(r.out).at(0), "shipName"), "\"Second Wind\"");
@@ -210,9 +229,9 @@ TEST(VoyageEndToEnd, ALostDisplaySavesTheVoyageAndEndsTheGame) {
   std::string number;
   ASSERT_TRUE(waitFor([&] { return !(number = readFile(display)).empty() && number.back() == '\n'; }));
   number.erase(number.find_first_not_of("0123456789"));
-  const pid_t game = spawn({PROSPECTOR_BINARY, "--data", PROSPECTOR_DATA_DIR, "--voyage", voyage, "--log-stdout",
-                            "--frames", "100000000"},
-                           log, {"DISPLAY=:" + number, "SDL_VIDEODRIVER=x11"});
+  const pid_t game = spawn(
+      {PROSPECTOR_BINARY, "--data", PROSPECTOR_DATA_DIR, "--voyage", voyage, "--log-stdout", "--frames", "100000000"},
+      log, {"DISPLAY=:" + number, "SDL_VIDEODRIVER=x11"});
   const bool running = waitFor([&] { return contains(readFile(log), "Entering mainloop"); });
   kill(server, SIGTERM);
   waitpid(server, nullptr, 0);
