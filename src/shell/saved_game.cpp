@@ -206,6 +206,7 @@ bool loadGame(const char* path) {
   DataFile file(hostPath(path));
   savedFile = path;
   savedLine = modeLine = planetLine = 0;
+  shipStem.clear();
   if (!file.isOpen()) {
     reportDataProblem(savedFile, 0, "Couldn't open the saved game %s", path);
     return false;

@@ -9,6 +9,6 @@ void restoreSavedMode();
 // them). Call after loadGame and loadStarmap; changes nothing.
 void checkSavedPlace();
 // The ship file stem that the last saved game read named on its first line
-// ("" before any); the writer needs it, since ship files may name their class
-// differently.
+// ("" when it had none); the writer needs it, since a ship file may name its
+// class differently.
 const char* savedShipStem();

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
+#include <cstring>
 
 #include "base/game_state.h"
 #include "shell/saved_game.h"
@@ -14,8 +15,11 @@ namespace {
 // so the ship leaves by that edge again when the game is continued.
 int cellOf(int position) { return position >= 0 ? position / 50 : -((-position + 49) / 50); }
 
+// The reader takes a carriage return before the line feed for a DOS line end;
+// a text that really ends in one gets a second, which the reader leaves it.
 void addLine(std::string& text, const char* line) {
   text += line;
+  if (*line && line[std::strlen(line) - 1] == '\r') text += '\r';
   text += '\n';
 }
 

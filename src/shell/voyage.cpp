@@ -52,12 +52,12 @@ std::string voyageKey() {
   return key;
 }
 
+// The message strip copies every line it shows into the debug log as well.
 __attribute__((format(printf, 1, 2))) void say(const char* format, ...) {
   va_list args;
   va_start(args, format);
   const FormattedText line = formatText(format, args);
   va_end(args);
-  logMessage(line.text);
   showMessage(line.text);
 }
 
