@@ -12,6 +12,7 @@
 #include <filesystem>
 #include <fstream>
 #include <random>
+#include <regex>
 #include <sstream>
 #include <thread>
 
@@ -226,9 +227,12 @@ TEST(VoyageEndToEnd, ALostDisplaySavesTheVoyageAndEndsTheGame) {
   TempDir tmp;
   const std::string voyage = tmp.path("v.sav"), log = tmp.path("game.txt"), display = tmp.path("display.txt");
   const pid_t server = spawn({"Xvfb", "-displayfd", "1", "-screen", "0", "1024x768x24", "-nolisten", "tcp"}, display);
-  std::string number;
-  ASSERT_TRUE(waitFor([&] { return !(number = readFile(display)).empty() && number.back() == '\n'; }));
-  number.erase(number.find_first_not_of("0123456789"));
+  // The server writes its display number on a line of its own, among whatever else it says.
+  std::smatch found;
+  std::string said;
+  const std::regex numberLine("(^|\\n)([0-9]+)\\n");
+  ASSERT_TRUE(waitFor([&] { return std::regex_search(said = readFile(display), found, numberLine); }));
+  const std::string number = found[2];
   const pid_t game = spawn(
       {PROSPECTOR_BINARY, "--data", PROSPECTOR_DATA_DIR, "--voyage", voyage, "--log-stdout", "--frames", "100000000"},
       log, {"DISPLAY=:" + number, "SDL_VIDEODRIVER=x11"});
