@@ -51,6 +51,8 @@ TEST(CommandLine, RejectsBadInputWithAReason) {
       {{"--scale", "5"}, "--scale takes a whole number from 1 to 4"},
       {{"--scale", "2.5"}, "--scale takes a whole number from 1 to 4"},
       {{"--scale", "-2"}, "--scale takes a whole number from 1 to 4"},
+      {{"--voyage", ""}, "--voyage needs a file"},
+      {{"--autosave", "-1"}, "--autosave takes a whole number of milliseconds"},
   };
   for (const auto& c : cases) {
     Options options;
