@@ -22,6 +22,7 @@
 #include "platform/random.h"
 #include "shell/command_window.h"
 #include "shell/data_check.h"
+#include "shell/event_queue.h"
 #include "shell/flight.h"
 #include "shell/input.h"
 #include "shell/mode_frames.h"
@@ -98,9 +99,7 @@ void pushScriptedInput(const ScriptCommand& cmd) {
     default:
       return;
   }
-  if (SDL_PushEvent(&event) != 0) {
-    std::fprintf(stderr, "script line %d: SDL's event queue is full\n", cmd.line);
-  }
+  queueEvent(event);
 }
 
 void runScriptInput() {
@@ -201,10 +200,11 @@ void startUp(const Options& options) {
 
 void runFrame() {
   ++frameNumber;
+  collectSdlEvents();
   runScriptInput();
 
   SDL_Event event;
-  if (SDL_PollEvent(&event)) {
+  if (takeEvent(event)) {
     if ((event.type == SDL_KEYDOWN || event.type == SDL_KEYUP) && event.key.which == scriptedKeyboard) {
       SDL_SetModState(event.key.keysym.mod);
     }
