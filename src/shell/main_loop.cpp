@@ -20,6 +20,7 @@
 #include "platform/input_script.h"
 #include "platform/options.h"
 #include "platform/random.h"
+#include "platform/window_identity.h"
 #include "shell/command_window.h"
 #include "shell/data_check.h"
 #include "shell/event_queue.h"
@@ -155,6 +156,7 @@ void startUp(const Options& options) {
     std::exit(1);
   }
   std::atexit(SDL_Quit);
+  nameWindow("Icon.xpm");
   screen = SDL_SetVideoMode(800, 600, 32, 0);
   if (!screen) {
     std::fprintf(stderr, "Couldn't set %dx%dx%d video mode: %s\n", 800, 600, 32, SDL_GetError());
