@@ -4,9 +4,13 @@
 
 #include <algorithm>
 #include <climits>
+#include <cstdio>
 #include <cstring>
 #include <filesystem>
+#include <string>
+#include <vector>
 
+#include "base/data_problems.h"
 #include "support/test_support.h"
 
 namespace {
@@ -235,4 +239,32 @@ TEST(ShipImagesGame, BlueprintPartsSitUnderTheirMarkersAndSpritesAndArrowsLookRi
     EXPECT_NE(pixelRGB(up.get(), 0, 0), 0u) << look << ": the border shows";
     EXPECT_TRUE(pale(up, 9) > pale(up, 4) && pale(down, 4) > pale(down, 9)) << look;
   }
+}
+
+// An energy output past the int range is held at its end and reported with its file and line.
+TEST_F(ShipFileTest, EnergyOutputsPastTheIntRangeAreClampedAndReported) {
+  const struct {
+    const char* output;
+    int read;
+    bool reported;  // at line 3, after the type and a comment
+  } cases[] = {{"99999999999", INT_MAX, true},
+               {"-2147483649", INT_MIN, true},
+               {"2147483647", INT_MAX, false},
+               {"-7", -7, false}};
+  ship.hardPointCount = 4;
+  for (int i = 0; i < 4; ++i) {
+    std::snprintf(ship.hardPoints[i].weaponName, sizeof ship.hardPoints[i].weaponName, "W%d", i);
+    dir.write("Weapons/W" + std::to_string(i) + ".txt", std::string("Beam\n# output\n") + cases[i].output + "\nHot.\n");
+  }
+  collectDataProblems(true);
+  loadWeapons(ship);
+  std::vector<std::string> reported;
+  for (const DataProblem& p : collectedDataProblems()) reported.push_back(p.file + ":" + std::to_string(p.line));
+  collectDataProblems(false);
+  std::vector<std::string> expected;
+  for (int i = 0; i < 4; ++i) {
+    EXPECT_EQ(ship.hardPoints[i].weapon.energyOutput, cases[i].read) << cases[i].output;
+    if (cases[i].reported) expected.push_back("Weapons/W" + std::to_string(i) + ".txt:3");
+  }
+  EXPECT_EQ(reported, expected);
 }
