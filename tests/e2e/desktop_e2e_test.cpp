@@ -3,6 +3,7 @@
 #include <sys/wait.h>
 
 #include <cstdio>
+#include <cstring>
 #include <string>
 #include <vector>
 
@@ -52,4 +53,20 @@ TEST(Desktop, TheWindowIsNamedStarProspectorAndWearsTheShipIcon) {
   const int status = pclose(pipe);
   if (WIFEXITED(status) && WEXITSTATUS(status) == 77) GTEST_SKIP() << "needs Xvfb, xprop and xdotool";
   EXPECT_EQ(out, "WM_NAME(STRING) = \"Star Prospector\"\n_NET_WM_ICON(CARDINAL) = \tIcon (64 x 64):\n");
+}
+
+TEST(Desktop, MakePlayBuildsTheGameAloneBeforeRunningIt) {
+  // make's plan, not carried out: each build step names the game's own target, then the game runs.
+  std::FILE* pipe = popen("make -n -C '" PROSPECTOR_SOURCE_DIR "' play BUILD=plan 2>&1", "r");
+  ASSERT_NE(pipe, nullptr);
+  std::string plan;
+  std::vector<std::string> builds;
+  for (char line[512]; std::fgets(line, sizeof line, pipe);) {
+    plan += line;
+    if (std::strstr(line, "cmake --build")) builds.push_back(line);
+  }
+  ASSERT_EQ(pclose(pipe), 0) << plan;
+  ASSERT_FALSE(builds.empty()) << plan;
+  for (const std::string& b : builds) EXPECT_NE(b.find("--target prospector "), std::string::npos) << b;
+  EXPECT_NE(plan.find("plan/prospector --data plan/data"), std::string::npos) << plan;
 }
