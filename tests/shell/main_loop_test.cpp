@@ -103,23 +103,22 @@ TEST_F(FrameLoopTest, ClicksGoByTheLastMotionAndOverlaysTakeThemFirst) {
   EXPECT_EQ(std::tuple(getCurrentMenu(), isItemSelected(), gameState.siteClicked), std::tuple(4, 0, 0));
 }
 
+// A hundred motions, then E twice: the motions act as one, at the newest position, then each E in its frame.
 TEST_F(FrameLoopTest, AMotionRunActsAsItsNewestPositionThenOneEventPerFrameAndQuitEndsTheGame) {
-  SDL_Event events[4] = {};
-  for (int i : {0, 1}) {
-    events[i].type = SDL_MOUSEMOTION;
-    events[i].motion.x = static_cast<Uint16>(10 + 20 * i);
-  }
-  events[2].type = events[3].type = SDL_KEYDOWN;
-  events[2].key.keysym.sym = events[3].key.keysym.sym = SDLK_e;
-  for (SDL_Event& e : events) SDL_PushEvent(&e);
+  SDL_Event e{};
+  e.type = SDL_MOUSEMOTION;
+  for (int x = 1; x <= 100; ++x) e.motion.x = static_cast<Uint16>(x), SDL_PushEvent(&e);
+  e = {};
+  e.type = SDL_KEYDOWN, e.key.keysym.sym = SDLK_e;
+  for (int i = 0; i < 2; ++i) SDL_PushEvent(&e);
   runFrame();
-  EXPECT_EQ(std::pair(gameState.mouseX, gameState.configOpen), std::pair(30, 0));
+  EXPECT_EQ(std::pair(gameState.mouseX, gameState.configOpen), std::pair(100, 0));
   runFrame();
   EXPECT_EQ(gameState.configOpen, 1);
   runFrame();
   EXPECT_EQ(gameState.configOpen, 0);
-  events[0].type = SDL_QUIT;
-  SDL_PushEvent(&events[0]);
+  e.type = SDL_QUIT;
+  SDL_PushEvent(&e);
   EXPECT_EXIT(runFrame(), ::testing::ExitedWithCode(0), "");
   EXPECT_EXIT(onKeyDown(SDLK_ESCAPE), ::testing::ExitedWithCode(0), "");
 }
