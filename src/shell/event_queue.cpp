@@ -38,6 +38,4 @@ bool takeEvent(SDL_Event& event) {
   return true;
 }
 
-std::size_t queuedEventCount() { return events.size(); }
-
 void clearEvents() { events.clear(); }

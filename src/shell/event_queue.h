@@ -1,8 +1,6 @@
 #pragma once
 #include <SDL.h>
 
-#include <cstddef>
-
 // The game's own input queue. The frame loop lets one event act per frame, but a
 // real mouse sends motion faster than 30 frames a second; so every frame SDL's
 // queue is emptied into this one (SDL's never fills and drops keys), and a run
@@ -18,6 +16,5 @@ void collectSdlEvents();
 // Takes the oldest event (a merged run of motions counts as one); false when
 // the queue is empty.
 bool takeEvent(SDL_Event& event);
-std::size_t queuedEventCount();
 // Forgets every queued event (for a fresh start, e.g. between tests).
 void clearEvents();
