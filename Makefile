@@ -9,8 +9,12 @@ PREFIX ?= /usr/local
 
 all: build
 
+# `make test` also installs what only the tests use (an X server for the window checks).
+DEPS_FLAGS ?=
+test: DEPS_FLAGS = --test
+
 deps:
-	@./scripts/install-deps
+	@./scripts/install-deps $(DEPS_FLAGS)
 
 configure: deps
 	@cmake -S . -B $(BUILD) $(CMAKE_FLAGS) >/dev/null
@@ -18,11 +22,12 @@ configure: deps
 build: configure
 	@cmake --build $(BUILD) -j $(JOBS)
 
-play: build
+# The game and its data only; the tests and benchmarks wait for `make test`.
+play: configure
+	@cmake --build $(BUILD) --target prospector -j $(JOBS)
 	./$(BUILD)/prospector --data $(BUILD)/data
 
 test: build
-	@./scripts/install-deps --test
 	cd $(BUILD) && SDL_VIDEODRIVER=dummy ctest --output-on-failure -j $(JOBS)
 
 install: build

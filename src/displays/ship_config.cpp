@@ -3,6 +3,8 @@
 #include <SDL_gfxPrimitives.h>
 #include <SDL_image.h>
 
+#include <algorithm>
+#include <climits>
 #include <cmath>
 #include <cstdio>
 #include <string>
@@ -40,6 +42,13 @@ constexpr int wrapWidth = 240;
 constexpr int markerReach = 11;  // a truncated distance below this hits
 
 Sint16 at(int v) { return static_cast<Sint16>(v); }
+
+// A marker's place on the screen, from the image origin. Ship files may hold any
+// int, so the sum is taken wide and kept within reach of the drawing calls' 16
+// bits: a marker far off the screen stays far off instead of wrapping onto it.
+int markerScreen(int marker, int origin) {
+  return static_cast<int>(std::clamp(static_cast<long long>(marker) + origin, -16000LL, 16000LL));
+}
 
 void useFont(int entry) {
   if (shipConfig.fonts && shipConfig.fonts->fonts[entry]) setCurrentFont(shipConfig.fonts->fonts[entry]);
@@ -99,7 +108,7 @@ void drawShape(SDL_Surface* screen, int x, int y, bool ring, Uint32 color) {
 
 void drawLeaderLines(SDL_Surface* screen, const MarkerList& markers) {
   for (const MarkerPoint& p : markers) {
-    const int x = p.x + shipConfig.imageX, y = p.y + shipConfig.imageY;
+    const int x = markerScreen(p.x, shipConfig.imageX), y = markerScreen(p.y, shipConfig.imageY);
     lineColor(screen, at(x), at(y), 525, 60, leaderColor);
     filledCircleColor(screen, at(x), at(y), 2, leaderColor);
   }
@@ -110,7 +119,7 @@ void drawComponentMarkers(SDL_Surface* screen, const MarkerList& markers, int ho
   const bool ring = index < firstHardPoint;
   const bool selected = index == shipConfig.selectedComponent;
   for (const MarkerPoint& p : markers) {
-    const int x = p.x + shipConfig.imageX, y = p.y + shipConfig.imageY;
+    const int x = markerScreen(p.x, shipConfig.imageX), y = markerScreen(p.y, shipConfig.imageY);
     drawShape(screen, x, y, ring, color);
     if (!selected) continue;
     if (ring) {
@@ -137,13 +146,16 @@ void printRow(SDL_Surface* screen, int y, const char* label, const char* value) 
 }  // namespace
 
 int pointDistance(int x1, int y1, int x2, int y2) {
-  const double dx = x2 - x1, dy = y2 - y1;
-  return static_cast<int>(std::sqrt(dx * dx + dy * dy));
+  // Differences in double: two ints far apart differ by more than an int holds.
+  const double dx = static_cast<double>(x2) - x1, dy = static_cast<double>(y2) - y1;
+  return static_cast<int>(std::min(std::sqrt(dx * dx + dy * dy), static_cast<double>(INT_MAX)));
 }
 
 bool markersHit(const MarkerList& markers, int x, int y) {
   for (const MarkerPoint& p : markers) {
-    if (pointDistance(p.x + shipConfig.imageX, p.y + shipConfig.imageY, x, y) < markerReach) return true;
+    const double dx = static_cast<double>(p.x) + shipConfig.imageX - x;
+    const double dy = static_cast<double>(p.y) + shipConfig.imageY - y;
+    if (std::sqrt(dx * dx + dy * dy) < markerReach) return true;
   }
   return false;
 }
@@ -166,14 +178,19 @@ int wrapText(SDL_Surface* surface, const char* text, int width, int x, int y) {
   useFont(textFont);
   BitmapFont* font = fontAt(textFont);
   const int lineHeight = shipConfig.fonts ? shipConfig.fonts->heights[lineHeightFont] : fontHeight(font);
-  constexpr std::size_t longestWord = wrapLineLimit - 1;  // and its blank
+  constexpr std::size_t longestLine = wrapLineLimit - 1;  // and its ending blank
   std::string line;
+  int lineWidth = 0;
   int lines = 0;
   auto newLine = [&] {
     printString(surface, x, y, "%s", line.c_str());
     y += lineHeight;
     ++lines;
     line.clear();
+    lineWidth = 0;
+  };
+  auto fits = [&](std::size_t length, int wordWidth) {
+    return lineWidth + wordWidth <= width && line.size() + length <= longestLine;
   };
   const std::string_view all(text);
   std::size_t i = 0;
@@ -181,16 +198,27 @@ int wrapText(SDL_Surface* surface, const char* text, int width, int x, int y) {
     while (i < all.size() && isSeparator(all[i])) ++i;
     std::size_t end = i;
     while (end < all.size() && !isSeparator(all[end])) ++end;
-    // A word too long for any line goes on in pieces, each filling a line.
-    for (std::size_t piece = i; piece < end; piece += longestWord) {
-      const std::size_t n = end - piece < longestWord ? end - piece : longestWord;
-      const std::string word(all.substr(piece, n));
-      const bool fits = textWidth(font, line.c_str()) + textWidth(font, word.c_str()) <= width &&
-                        line.size() + word.size() + 1 <= static_cast<std::size_t>(wrapLineLimit);
-      if (!fits) newLine();
-      line += word;
-      line += ' ';
+    if (i == end) break;
+    std::string_view word = all.substr(i, end - i);
+    int wordWidth = 0;
+    for (char c : word) wordWidth += charWidth(font, c);
+    if (!fits(word.size(), wordWidth)) newLine();
+    // A word too wide for a whole line goes on in pieces, each as much of it
+    // as a line holds (at least one character), so none passes the width.
+    while (!word.empty() && !fits(word.size(), wordWidth)) {
+      std::size_t n = 0;
+      int pieceWidth = 0;
+      while (n < word.size() && fits(n + 1, pieceWidth + charWidth(font, word[n])))
+        pieceWidth += charWidth(font, word[n++]);
+      if (n == 0) pieceWidth = charWidth(font, word[n++]);
+      line.assign(word.substr(0, n));
+      newLine();
+      word.remove_prefix(n);
+      wordWidth -= pieceWidth;
     }
+    line += word;
+    line += ' ';
+    lineWidth += wordWidth + charWidth(font, ' ');
     i = end;
   }
   newLine();

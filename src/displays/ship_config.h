@@ -52,8 +52,9 @@ bool markersHit(const MarkerList& markers, int x, int y);
 void drawComponentInfo(SDL_Surface* screen);
 // Draws `text` as words in font entry 2, breaking lines before a word that
 // would pass `width` pixels, one font-7 height apart. Returns the lines drawn
-// (an empty first line counts). A word longer than a line can hold is broken
-// into pieces that each fill a line, so nothing is lost and no line overflows.
+// (an empty first line counts). A word wider than `width`, or longer than a
+// line holds, is broken into pieces, each as much of it as fits on a line, so
+// nothing is lost and no line passes the width.
 int wrapText(SDL_Surface* surface, const char* text, int width, int x, int y);
 // The description as the panel wraps it: cut to the working buffer (9999
 // bytes), dropping a word the cut would split.

@@ -65,8 +65,10 @@ void printTextRows(SDL_Surface* panel, const Ship& ship) {
   leftPrint(panel, text, 20 + 3 * h, "Shield Class : %d", ship.shield.shieldClass);
   leftPrint(panel, text, 20 + 4 * h, "Armor Class  : %d", ship.armorClass);
   leftPrint(panel, text, 20 + 5 * h, "Fuel Remain  : %d", ship.fuel);
-  leftPrint(panel, text, 20 + 6 * h, "Cargo Holds  : %.2f / %d",
-            static_cast<double>(ship.cargoHoldCount * 50 - ship.shipHoldFree), ship.cargoHoldCount * 50);
+  // In 64 bits: a ship file may name more holds than 50 CU each fit in an int.
+  const long long capacity = static_cast<long long>(ship.cargoHoldCount) * 50;
+  leftPrint(panel, text, 20 + 6 * h, "Cargo Holds  : %.2f / %lld",
+            static_cast<double>(capacity) - static_cast<double>(ship.shipHoldFree), capacity);
   leftPrint(panel, text, 20 + 7 * h, "HardPoints   : %d", ship.hardPointCount);
   leftPrint(panel, text, 20 + 8 * h, "Warp Speed   : %d / %d", ship.engine.warpCurrent, ship.engine.engineClass);
   leftPrint(panel, text, 20 + 9 * h, "Shield Status:");

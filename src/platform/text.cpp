@@ -1,5 +1,7 @@
 #include "platform/text.h"
 
+#include <algorithm>
+#include <climits>
 #include <cstdio>
 #include <cstdlib>
 #include <string>
@@ -20,6 +22,13 @@ std::vector<std::string_view> splitTokens(std::string_view line) {
 }
 
 int parseInt(std::string_view text) { return std::atoi(std::string(text).c_str()); }
+
+int parseIntClamped(std::string_view text, bool& clamped) {
+  // strtoll saturates at its own limits, which lie far past the int's.
+  const long long value = std::strtoll(std::string(text).c_str(), nullptr, 10);
+  clamped = value > INT_MAX || value < INT_MIN;
+  return static_cast<int>(std::clamp<long long>(value, INT_MIN, INT_MAX));
+}
 
 double parseReal(std::string_view text) { return std::atof(std::string(text).c_str()); }
 

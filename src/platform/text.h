@@ -28,4 +28,7 @@ FormattedText formatText(const char* format, std::va_list args);
 
 // atoi and atof on a field, with the standard functions' rules.
 int parseInt(std::string_view text);
+// atoi's reading held inside the int range: a number past it reads as INT_MAX
+// or INT_MIN instead of wrapping, and `clamped` tells the caller so.
+int parseIntClamped(std::string_view text, bool& clamped);
 double parseReal(std::string_view text);

@@ -21,8 +21,10 @@
 #include "platform/input_script.h"
 #include "platform/options.h"
 #include "platform/random.h"
+#include "platform/window_identity.h"
 #include "shell/command_window.h"
 #include "shell/data_check.h"
+#include "shell/event_queue.h"
 #include "shell/flight.h"
 #include "shell/input.h"
 #include "shell/mode_frames.h"
@@ -100,9 +102,7 @@ void pushScriptedInput(const ScriptCommand& cmd) {
     default:
       return;
   }
-  if (SDL_PushEvent(&event) != 0) {
-    std::fprintf(stderr, "script line %d: SDL's event queue is full\n", cmd.line);
-  }
+  queueEvent(event);
 }
 
 void runScriptInput() {
@@ -158,6 +158,7 @@ void startUp(const Options& options) {
     std::exit(1);
   }
   std::atexit(SDL_Quit);
+  nameWindow("Icon.xpm");
   screen = SDL_SetVideoMode(800, 600, 32, 0);
   if (!screen) {
     std::fprintf(stderr, "Couldn't set %dx%dx%d video mode: %s\n", 800, 600, 32, SDL_GetError());
@@ -207,10 +208,11 @@ void startUp(const Options& options) {
 
 void runFrame() {
   ++frameNumber;
+  collectSdlEvents();
   runScriptInput();
 
   SDL_Event event;
-  if (SDL_PollEvent(&event)) {
+  if (takeEvent(event)) {
     if ((event.type == SDL_KEYDOWN || event.type == SDL_KEYUP) && event.key.which == scriptedKeyboard) {
       SDL_SetModState(event.key.keysym.mod);
     }

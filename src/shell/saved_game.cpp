@@ -88,8 +88,9 @@ float readHold(const std::string& line, CargoHold& hold, float capacity, const c
       hold[i] = 0.0f;
       continue;
     }
-    hold[i] = amount;
-    sum += amount;
+    // "-0" is a zero too; kept negative it would show as "-0.00".
+    hold[i] = amount == 0.0f ? 0.0f : amount;
+    sum += hold[i];
   }
   return sum;
 }

@@ -83,7 +83,12 @@ void loadWeapons(Ship& ship) {
       if (index == 0) {
         if (copyText(weapon.weaponType, line)) reportDataProblem(path, lineNumber, "weapon type cut to 99 characters");
       } else if (index == 1) {
-        weapon.energyOutput = parseInt(line);
+        bool clamped = false;
+        weapon.energyOutput = parseIntClamped(line, clamped);
+        if (clamped) {
+          reportDataProblem(path, lineNumber, "energy output %.20s is past the int range; read as %d", line.c_str(),
+                            weapon.energyOutput);
+        }
       } else {
         weapon.description = line;
       }

@@ -5,8 +5,11 @@
 #include <SDL.h>
 #include <gtest/gtest.h>
 
+#include <climits>
 #include <cstring>
+#include <random>
 #include <string>
+#include <utility>
 
 #include "base/game_state.h"
 #include "base/screen.h"
@@ -75,6 +78,14 @@ TEST(ShipConfigMarkers, ReachIsATruncatedDistanceBelowEleven) {
   EXPECT_FALSE(markersHit(MarkerList{}, 10, 50));
   // A later point of the list counts as well as the first.
   EXPECT_TRUE(markersHit(MarkerList{{0, 0}, engineAt}, 225, 520));
+  // Near the int limits: the marker at (far - 5 + 10, 0 + 50) is about 2^32 from the
+  // pointer, which 32-bit sums would wrap to a distance of 0.
+  const int far = INT_MAX, low = INT_MIN;
+  EXPECT_FALSE(markersHit(MarkerList{{far - 5, 0}}, low + 4, 50));
+  EXPECT_TRUE(markersHit(MarkerList{{far - 10, far - 50}}, far, far));
+  for (const MarkerPoint& p : {MarkerPoint{far, far}, MarkerPoint{low, low}, MarkerPoint{far, low}})
+    for (const auto& [x, y] : {std::pair(0, 0), std::pair(400, 300), std::pair(799, 599)})
+      EXPECT_FALSE(markersHit(MarkerList{p}, x, y)) << p.x << "," << p.y;
 }
 
 // The window stays open until a release on " X " has been drawn; that release
@@ -148,6 +159,7 @@ TEST_F(ShipConfigTest, SelectedMarkerIsFilledAndLedToThePanel) {
 TEST_F(ShipConfigTest, WrappingBreaksBeforeTheWordThatWouldPassTheWidth) {
   setCurrentFont(fontTable.fonts[2]);
   const int fits = textWidth(fontTable.fonts[2], "aaa ") + textWidth(fontTable.fonts[2], "bbb");
+  const int twentyW = textWidth(fontTable.fonts[2], std::string(20, 'w').c_str());
   const int lineHeight = fontTable.heights[7];
   const struct {
     std::string text;
@@ -157,8 +169,8 @@ TEST_F(ShipConfigTest, WrappingBreaksBeforeTheWordThatWouldPassTheWidth) {
                {"aaa bbb", fits - 1, 2},
                {"  aaa \t\n bbb  ", fits, 1},  // runs of blanks count as one
                {"", 240, 1},
-               {std::string(60, 'w'), 240, 2},                     // wider than the line: an empty line first
-               {std::string(300, 'w'), 240, 4},                    // pieces of 118 after the empty line
+               {std::string(60, 'w'), twentyW, 4},                 // wider than the line: an empty line first
+               {std::string(300, 'w'), 100000, 4},                 // pieces of 118 after the empty line
                {"a " + std::string(118, 'w') + " b", 100000, 3}};  // the 119-character line is full
   for (const auto& c : cases) {
     SDL_FillRect(screen, nullptr, 0);
@@ -167,6 +179,29 @@ TEST_F(ShipConfigTest, WrappingBreaksBeforeTheWordThatWouldPassTheWidth) {
       EXPECT_EQ(litPixels(screen, 550, 120, 800, 120 + lineHeight), 0);
       EXPECT_GT(litPixels(screen, 550, 120 + lineHeight, 800, 120 + 2 * lineHeight), 0);
     }
+  }
+}
+
+// Whatever the words and the width, no line passes the width and every character is drawn.
+TEST_F(ShipConfigTest, WrappedLinesStayWithinTheWidthAndLoseNoCharacter) {
+  const int h = fontHeight(fontTable.fonts[2]);
+  std::mt19937 random(6);
+  for (int round = 0; round < 25; ++round) {
+    const int width = 60 + static_cast<int>(random() % 200);
+    std::string text, letters;  // the words, and their letters alone
+    while (letters.size() < 40) {
+      const std::size_t length = 1 + random() % (random() % 4 ? 8 : 40);  // now and then wider than a line
+      for (std::size_t k = 0; k < length; ++k) letters += static_cast<char>('a' + random() % 26);
+      text += letters.substr(letters.size() - length) + (random() % 5 ? " " : "\n");
+    }
+    SurfacePtr unwrapped = blankSurface(800, h);
+    printString(unwrapped.get(), fontTable.fonts[2], 0, 0, "%s", letters.c_str());
+    SDL_FillRect(screen, nullptr, 0);
+    const int bottom = (wrapText(screen, text.c_str(), width, 0, 0) - 1) * fontTable.heights[7] + h;
+    ASSERT_LE(bottom, 600) << "the text must fit the screen to be counted";
+    EXPECT_EQ(litPixels(screen, width, 0, 800, bottom), 0) << width << ": " << text;
+    EXPECT_EQ(litPixels(screen, 0, 0, width, bottom), litPixels(unwrapped.get(), 0, 0, 800, h))
+        << width << ": " << text;
   }
 }
 

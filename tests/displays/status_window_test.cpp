@@ -264,3 +264,11 @@ TEST_F(StatusWindowTest, SweepEndsWithTheReadingsOnTheThirtiethDrawing) {
 }
 
 }  // namespace
+
+// Fifty million holds of 50 CU: 2,500,000,000 is past the int range.
+TEST_F(StatusWindowTest, CargoCapacityPastTheIntRangeShowsWhole) {
+  ship.cargoHoldCount = 50000000, ship.shipHoldFree = 0.0f;
+  drawStatusWindow(screen);
+  EXPECT_TRUE(showsText(screen, panelX, panelY + 20 + 6 * fontTable.heights[2], entry(2),
+                        "Cargo Holds  : 2500000000.00 / 2500000000", 270));
+}

@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <string>
 #include <vector>
 
@@ -49,6 +50,9 @@ TEST(Install, InstalledGameFindsItsDataFromAnyDirectory) {
         "share/pixmaps/prospector.xpm", "share/man/man6/prospector.6"}) {
     EXPECT_TRUE(fs::exists(fs::path(prefix) / file)) << file;
   }
+  std::ifstream manPage(prefix + "/share/man/man6/prospector.6");
+  const std::string man((std::istreambuf_iterator<char>(manPage)), std::istreambuf_iterator<char>());
+  EXPECT_NE(man.find(".SH FILES\n.TP\n.I " + prefix + "/share/prospector/\n"), std::string::npos) << man;
 
   // Started from a directory without data, with no --data.
   fs::create_directory(tmp.path("elsewhere"));

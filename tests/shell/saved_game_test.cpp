@@ -146,6 +146,7 @@ TEST_F(SavedGameTest, HoldAmountsThatAreNotFiniteOrDoNotFitAreLoggedAndLeftEmpty
       {"60 50 40\n0\n", "60 0 40", "", 0, 50, "Test.sav line 12: ship's hold amount 50 is not 0 to 40.00 CU; slot 2"},
       {"100\n-inf 50 1\n", "100", "0 50", 0, 0, "Test.sav line 13: rover's hold amount 1 is not 0 to 0.00 CU; slot 3"},
       {"0\n49.5 0.25 0.25\n", "", "49.5 0.25 0.25", 100, 0, nullptr},
+      {"-0 3\n-0 1\n", "0 3", "0 1", 97, 49, nullptr},  // a negative zero reads as 0
   };
   const auto amounts = [](const auto& hold) {
     std::string out;

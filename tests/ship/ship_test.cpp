@@ -4,9 +4,13 @@
 
 #include <algorithm>
 #include <climits>
+#include <cstdio>
 #include <cstring>
 #include <filesystem>
+#include <string>
+#include <vector>
 
+#include "base/data_problems.h"
 #include "support/test_support.h"
 
 namespace {
@@ -235,4 +239,22 @@ TEST(ShipImagesGame, BlueprintPartsSitUnderTheirMarkersAndSpritesAndArrowsLookRi
     EXPECT_NE(pixelRGB(up.get(), 0, 0), 0u) << look << ": the border shows";
     EXPECT_TRUE(pale(up, 9) > pale(up, 4) && pale(down, 4) > pale(down, 9)) << look;
   }
+}
+
+// An energy output past the int range is held at its end and reported with its file and line.
+TEST_F(ShipFileTest, EnergyOutputsPastTheIntRangeAreClampedAndReported) {
+  const char* outputs[] = {"99999999999", "-2147483649", "2147483647", "-7"};
+  const int read[] = {INT_MAX, INT_MIN, INT_MAX, -7};
+  ship.hardPointCount = 4;
+  for (int i = 0; i < 4; ++i) {
+    std::snprintf(ship.hardPoints[i].weaponName, sizeof ship.hardPoints[i].weaponName, "W%d", i);
+    dir.write("Weapons/W" + std::to_string(i) + ".txt", std::string("Beam\n# output\n") + outputs[i] + "\nHot.\n");
+  }
+  collectDataProblems(true);
+  loadWeapons(ship);
+  std::vector<std::string> reported;
+  for (const DataProblem& p : collectedDataProblems()) reported.push_back(p.file + ":" + std::to_string(p.line));
+  collectDataProblems(false);
+  for (int i = 0; i < 4; ++i) EXPECT_EQ(ship.hardPoints[i].weapon.energyOutput, read[i]) << outputs[i];
+  EXPECT_EQ(reported, (std::vector<std::string>{"Weapons/W0.txt:3", "Weapons/W1.txt:3"}));
 }
