@@ -30,6 +30,7 @@ const char* usageText() {
          "  --unthrottled    do not wait between frames\n"
          "  --log-stdout     also print every debug-log line to standard output\n"
          "  --script FILE    play the scripted input in FILE\n"
+         "  --frame-times FILE  write each frame's work in microseconds to FILE\n"
          "  --help           show this text\n";
 }
 
@@ -75,6 +76,13 @@ bool parseOptions(int argc, const char* const* argv, Options& options, std::stri
         return false;
       }
       options.scriptPath = text;
+    } else if (arg == "--frame-times") {
+      if (!value(text)) return false;
+      if (!*text) {
+        error = "--frame-times needs a file";
+        return false;
+      }
+      options.frameTimesPath = text;
     } else if (arg == "--frames") {
       if (!value(text)) return false;
       if (!parseNumber(text, 0, LONG_MAX, n)) {

@@ -23,6 +23,7 @@
 #include "shell/command_window.h"
 #include "shell/data_check.h"
 #include "shell/flight.h"
+#include "shell/frame_work.h"
 #include "shell/input.h"
 #include "shell/mode_frames.h"
 #include "shell/saved_game.h"
@@ -203,6 +204,7 @@ void runFrame() {
   ++frameNumber;
   runScriptInput();
 
+  beginFrameWork();
   SDL_Event event;
   if (SDL_PollEvent(&event)) {
     if ((event.type == SDL_KEYDOWN || event.type == SDL_KEYUP) && event.key.which == scriptedKeyboard) {
@@ -250,6 +252,7 @@ void runFrame() {
   }
 
   present();
+  endFrameWork(frameNumber);
   gameState.framesCounted += 1;
 
   runScriptOutput();
@@ -270,6 +273,10 @@ int gameMain(int argc, char** argv) {
   }
   if (!options.scriptPath.empty() && !loadScript(options.scriptPath, script, error)) {
     std::fprintf(stderr, "%s\n", error.c_str());
+    return 2;
+  }
+  if (!options.frameTimesPath.empty() && !recordFrameTimes(options.frameTimesPath, error)) {
+    std::fprintf(stderr, "prospector: %s\n", error.c_str());
     return 2;
   }
   // Screenshots land where the player ran the game from, not in the data directory.
