@@ -5,6 +5,8 @@
 #include <cstdio>
 #include <cstring>
 
+#include "base/screen_updates.h"
+
 namespace {
 
 using Clock = std::chrono::steady_clock;
@@ -13,9 +15,13 @@ std::FILE* record = nullptr;
 
 }  // namespace
 
-void beginFrameWork() { started = Clock::now(); }
+void beginFrameWork() {
+  holdScreenUpdates(true);
+  started = Clock::now();
+}
 
 void endFrameWork(long frame) {
+  holdScreenUpdates(false);
   if (!record) return;
   const auto us = std::chrono::duration_cast<std::chrono::microseconds>(Clock::now() - started).count();
   std::fprintf(record, "%ld %lld\n", frame, static_cast<long long>(us));

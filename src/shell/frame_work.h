@@ -2,7 +2,8 @@
 #include <string>
 
 // Bracket the work of one frame: from polling its event to presenting it, the
-// frame-rate wait left out.
+// frame-rate wait left out. Between the two, windows that would show the
+// screen at once leave it to the frame's own present.
 void beginFrameWork();
 void endFrameWork(long frame);
 

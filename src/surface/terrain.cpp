@@ -32,20 +32,20 @@ class Grid {
 
 // randomOffset with the range known when compiling, which spares a division per point.
 template <int m>
-int offsetIn() {
-  const int r = nextRandom() % m;
+int offsetIn(RandomSequence& random) {
+  const int r = random.next() % m;
   return r > m / 2 ? r - m : r;
 }
 
 // Pass k (1 to 9): 2^(k-1) squares a side, range 255 / k. Every neighbour is
 // read before the point's one random draw.
 template <int k>
-void displacePass(Grid& g) {
+void displacePass(Grid& g, RandomSequence& random) {
   constexpr int n = 1 << (k - 1);
   constexpr int s = gridLast / n;
   constexpr int m = 255 / k;
   constexpr int h = s / 2;
-  auto displaced = [](int sum) { return clampByte(sum / 4 + offsetIn<m>()); };
+  auto displaced = [&random](int sum) { return clampByte(sum / 4 + offsetIn<m>(random)); };
   for (int i = 0; i < n; ++i) {
     for (int j = 0; j < n; ++j) {
       const int a =
@@ -93,16 +93,32 @@ int randomOffset(int m) {
 
 int clampByte(int v) { return v < 0 ? 0 : (v > 255 ? 255 : v); }
 
-std::vector<std::uint8_t> heightField(std::int32_t seed) {
-  seedRandom(static_cast<unsigned int>(seed));
+std::vector<std::uint8_t> heightField(std::int32_t seed, RandomSequence& random) {
+  // A local sequence the passes can keep in a register: the grid's byte
+  // stores could otherwise alias the caller's.
+  RandomSequence local(static_cast<unsigned int>(seed));
   Grid g;
-  [&]<int... k>(std::integer_sequence<int, k...>) { (displacePass<k + 1>(g), ...); }
+  [&]<int... k>(std::integer_sequence<int, k...>) { (displacePass<k + 1>(g, local), ...); }
   (std::make_integer_sequence<int, passes>{});
+  random = local;
   return g.release();
 }
 
+std::vector<std::uint8_t> heightField(std::int32_t seed) {
+  RandomSequence random(0);
+  std::vector<std::uint8_t> field = heightField(seed, random);
+  setRandomState(random.state());
+  return field;
+}
+
 void generateTerrain(Terrain& map, std::int32_t seed) {
-  const std::vector<std::uint8_t> field = heightField(seed);
+  RandomSequence random(0);
+  generateTerrain(map, seed, random);
+  setRandomState(random.state());
+}
+
+void generateTerrain(Terrain& map, std::int32_t seed, RandomSequence& random) {
+  const std::vector<std::uint8_t> field = heightField(seed, random);
   auto at = [&](int row, int column) { return field[static_cast<std::size_t>(row * heightFieldSize + column)]; };
   // One cell per degree: 1.425 grid rows per column of longitude and 2.85 grid
   // columns per row of latitude, summed in single precision as the surface has
