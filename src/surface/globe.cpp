@@ -163,13 +163,18 @@ void buildPlanetImages(StellarObject* object) {
 
 void prepareSystemsNear(int cellX, int cellY) {
   constexpr int reach = 2;
-  for (int d = 1; d <= reach; ++d)
+  std::vector<std::int32_t> seeds;
+  for (int d = 0; d <= reach; ++d)
     for (int x = cellX - d; x <= cellX + d; ++x)
       for (int y = cellY - d; y <= cellY + d; ++y) {
         const bool onRing = x == cellX - d || x == cellX + d || y == cellY - d || y == cellY + d;
         if (!onRing || x < 0 || y < 0 || x >= starMapSize || y >= starMapSize) continue;
-        if (const StellarObject* o = starMap[x][y].object) prepareTerrains(planetSeeds(*o));
+        if (const StellarObject* o = starMap[x][y].object) {
+          const std::vector<std::int32_t> more = planetSeeds(*o);
+          seeds.insert(seeds.end(), more.begin(), more.end());
+        }
       }
+  if (!seeds.empty()) prepareTerrains(seeds);
 }
 
 void releasePlanetImages(StellarObject* object) {

@@ -13,9 +13,9 @@
 
 namespace {
 
-// Four systems of ten planets: the one entered, the ones around it, and the
-// one just left, so re-entering costs nothing. 65 KB each.
-constexpr std::size_t keptTerrains = 40;
+// Enough for the systems around the ship and the one just left, so
+// re-entering costs nothing: 65 KB each.
+constexpr std::size_t keptTerrains = 64;
 
 struct Made {
   std::unique_ptr<Terrain> map;
@@ -44,9 +44,12 @@ class TerrainWorks {
 
   void prepare(const std::vector<std::int32_t>& seeds) {
     std::lock_guard<std::mutex> lock(mutex_);
+    // The first seeds are wanted soonest: they count as the most recently asked for.
+    clock_ += seeds.size();
+    std::uint64_t stamp = clock_;
     for (std::int32_t seed : seeds) {
       auto [it, added] = entries_.try_emplace(seed);
-      it->second.lastUse = ++clock_;
+      it->second.lastUse = std::max(it->second.lastUse, stamp--);
       if (added) queue_.push_back(seed);
     }
     trim();
