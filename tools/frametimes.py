@@ -274,6 +274,8 @@ def main():
                     print(f"frametimes: {label}: the voyage went wrong: {', '.join(missed)}", file=sys.stderr)
                     failed = True
                 report(label, path, phases)
+        # Other work on the machine shows up as longer frames: say how busy it was.
+        print("load average over the last minute, 5 and 15 minutes: %.1f %.1f %.1f" % os.getloadavg())
     finally:
         if xvfb:
             xvfb.terminate()
