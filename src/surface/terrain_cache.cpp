@@ -44,14 +44,20 @@ class TerrainWorks {
 
   void prepare(const std::vector<std::int32_t>& seeds) {
     std::lock_guard<std::mutex> lock(mutex_);
-    // The first seeds are wanted soonest: they count as the most recently asked for.
+    // The first seeds are wanted soonest: they count as the most recently asked
+    // for, and go to the head of the queue, ahead of what nearer stars asked before.
     clock_ += seeds.size();
     std::uint64_t stamp = clock_;
+    std::deque<std::int32_t> ahead;
     for (std::int32_t seed : seeds) {
-      auto [it, added] = entries_.try_emplace(seed);
+      auto it = entries_.try_emplace(seed).first;
       it->second.lastUse = std::max(it->second.lastUse, stamp--);
-      if (added) queue_.push_back(seed);
+      if (it->second.state != State::Queued || std::find(ahead.begin(), ahead.end(), seed) != ahead.end()) continue;
+      if (const auto queued = std::find(queue_.begin(), queue_.end(), seed); queued != queue_.end())
+        queue_.erase(queued);
+      ahead.push_back(seed);
     }
+    queue_.insert(queue_.begin(), ahead.begin(), ahead.end());
     trim();
     if (!queue_.empty() && !worker_.joinable()) worker_ = std::thread([this] { run(); });
     wake_.notify_all();

@@ -9,8 +9,9 @@ struct Terrain;
 // the ship approaches lets that frame find them made. The worker draws from
 // its own random sequence, never from the program's one generator.
 
-// Queues the terrains of these seeds that are neither made nor queued, for the
-// worker; returns at once. The most recently asked-for terrains are kept.
+// Queues the terrains of these seeds that are not made yet for the worker,
+// ahead of those asked for before and in the order given; returns at once.
+// The most recently asked-for terrains are kept.
 void prepareTerrains(const std::vector<std::int32_t>& seeds);
 // Fills `map` exactly as generateTerrain then smoothTerrain would, and leaves
 // the program's random generator where generateTerrain leaves it. A terrain
