@@ -1,6 +1,7 @@
 #include "surface/terrain.h"
 
 #include <array>
+#include <memory>
 #include <utility>
 #include <vector>
 
@@ -137,50 +138,67 @@ void generateTerrain(Terrain& map, std::int32_t seed, RandomSequence& random) {
 void smoothTerrain(Terrain& map) {
   // The smoothing works in place, so cells already smoothed feed later ones.
   // While column x is smoothed its six neighbouring columns do not change:
-  // their part of every sum is taken at once from wrapped copies (the kernel's
-  // columns -d and +d have the same weights), and only the column's own part is
-  // summed cell by cell from its live values. The neighbours' part stays below
-  // 140 * 255 and fits 16 bits, which lets the compiler add eight rows at a time.
+  // their part of every sum is taken at once (the kernel's columns -d and +d
+  // have the same weights), and so is the part of the column's own rows not
+  // smoothed yet; only its three rows above, smoothed a moment ago, are summed
+  // cell by cell. The columns are kept in 16 bits with their wrapped rows
+  // either side, so the compiler adds eight rows at a time: every part sum
+  // stays below 140 * 255.
   constexpr int pad = 3;
   constexpr int padded = terrainHeight + 2 * pad;
-  auto copyColumn = [&](int x, auto* out) {
-    const std::uint8_t* c = &map.cells[x * terrainHeight];
+  using Column = std::array<std::uint16_t, padded>;
+  const auto columns = std::make_unique<std::array<Column, terrainWidth>>();
+  auto load = [&](int x, const std::uint8_t* c) {
+    std::uint16_t* out = (*columns)[static_cast<std::size_t>(x)].data();
     for (int y = 0; y < terrainHeight; ++y) out[y + pad] = c[y];
     for (int k = 0; k < pad; ++k) {
       out[k] = c[terrainHeight - pad + k];
       out[terrainHeight + pad + k] = c[k];
     }
   };
-  alignas(32) std::uint16_t left[padded], right[padded], others[terrainHeight];
-  int live[padded];
+  for (int x = 0; x < terrainWidth; ++x) load(x, &map.cells[x * terrainHeight]);
+  alignas(32) std::uint16_t part[terrainHeight];
   for (int x = 0; x < terrainWidth; ++x) {
-    for (int y = 0; y < terrainHeight; ++y) others[y] = 0;
+    const std::uint16_t* own = (*columns)[static_cast<std::size_t>(x)].data();
+    // The column's own rows from its centre down, not smoothed yet (the last
+    // rows' wrapped ones are, and are summed below instead).
+    [&]<int... dy>(std::integer_sequence<int, dy...>) {
+      for (int y = 0; y < terrainHeight; ++y)
+        part[y] = static_cast<std::uint16_t>(((kernel[3][dy + 3] * own[y + dy + 3]) + ...));
+    }
+    (std::make_integer_sequence<int, 4>{});
     [&]<int... d>(std::integer_sequence<int, d...>) {
       auto pair = [&]<int offset>() {
-        copyColumn((x - offset + terrainWidth) % terrainWidth, left);
-        copyColumn((x + offset) % terrainWidth, right);
+        const std::uint16_t* left =
+            (*columns)[static_cast<std::size_t>((x - offset + terrainWidth) % terrainWidth)].data();
+        const std::uint16_t* right = (*columns)[static_cast<std::size_t>((x + offset) % terrainWidth)].data();
         [&]<int... dy>(std::integer_sequence<int, dy...>) {
-          auto row = [&]<int shift>() {
-            constexpr int weight = kernel[3 + offset][shift];
-            for (int y = 0; y < terrainHeight; ++y)
-              others[y] = static_cast<std::uint16_t>(others[y] + weight * (left[y + shift] + right[y + shift]));
-          };
-          (row.template operator()<dy>(), ...);
-        }(std::make_integer_sequence<int, 7>{});
+          for (int y = 0; y < terrainHeight; ++y)
+            part[y] =
+                static_cast<std::uint16_t>(part[y] + ((kernel[3 + offset][dy] * (left[y + dy] + right[y + dy])) + ...));
+        }
+        (std::make_integer_sequence<int, 7>{});
       };
       (pair.template operator()<d + 1>(), ...);
-    }(std::make_integer_sequence<int, pad>{});
-    copyColumn(x, live);
-    const int* w = kernel[3];
+    }
+    (std::make_integer_sequence<int, pad>{});
     std::uint8_t* column = &map.cells[x * terrainHeight];
+    int above[pad] = {own[0], own[1], own[2]};  // rows 177 to 179, not smoothed yet
     for (int y = 0; y < terrainHeight; ++y) {
-      int sum = others[y];
-      for (int dy = 0; dy < 7; ++dy) sum += w[dy] * live[y + dy];
+      int sum = part[y] + kernel[3][0] * above[0] + kernel[3][1] * above[1] + kernel[3][2] * above[2];
+      if (y >= terrainHeight - pad) {
+        // Across the south edge the rows below are the first ones, smoothed by now.
+        for (int dy = 4; dy < 7; ++dy) {
+          const int row = y + dy - 3;
+          if (row >= terrainHeight) sum += kernel[3][dy] * (column[row - terrainHeight] - own[row + pad]);
+        }
+      }
       const int value = sum / kernelSum;
       column[y] = static_cast<std::uint8_t>(value);
-      live[y + pad] = value;
-      // The last rows read the first ones across the south edge, smoothed by then.
-      if (y < pad) live[terrainHeight + pad + y] = value;
+      above[0] = above[1];
+      above[1] = above[2];
+      above[2] = value;
     }
+    load(x, column);
   }
 }
