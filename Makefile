@@ -5,7 +5,7 @@ CMAKE_FLAGS ?=
 # Where `make install` puts the game; `sudo make install` for /usr/local.
 PREFIX ?= /usr/local
 
-.PHONY: all deps configure build play test format format-check bench clean starmap install uninstall screenshots fuzz fuzz-build soak
+.PHONY: all deps configure build play test format format-check bench clean starmap install uninstall screenshots fuzz fuzz-build soak frametimes
 
 all: build
 
@@ -59,6 +59,13 @@ SOAK_FRAMES ?= 200000
 
 soak: build
 	@python3 tools/soak.py --binary $(BUILD)/prospector --data $(BUILD)/data --frames $(SOAK_FRAMES)
+
+# A scripted first voyage timed frame by frame: dummy driver, then an Xvfb
+# window at scale 1 and 2 on display FRAMETIMES_DISPLAY.
+FRAMETIMES_DISPLAY ?= 93
+
+frametimes: build
+	@python3 tools/frametimes.py --binary $(BUILD)/prospector --data $(BUILD)/data --display $(FRAMETIMES_DISPLAY)
 
 starmap: configure
 	@cmake --build $(BUILD) --target starmap

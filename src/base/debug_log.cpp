@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <cstring>
 
+#include "base/screen_updates.h"
 #include "platform/text.h"
 #include "ui/bitmap_font.h"
 #include "ui/font_builder.h"
@@ -120,11 +121,7 @@ void drawLog() {
   drawHistoryLines(surface, theLog->lines, newestShownLine(theLog->writeIndex), logFonts);
   SDL_Rect where{windowX, windowY, 0, 0};
   SDL_BlitSurface(surface, nullptr, sharedScreen, &where);
-  if (sharedFullScreen == 1) {
-    SDL_Flip(sharedScreen);
-  } else {
-    SDL_UpdateRect(sharedScreen, 0, 0, 0, 0);
-  }
+  updateWholeScreen(sharedScreen, sharedFullScreen);
 }
 
 void setLogEcho(bool toStdout) { echo = toStdout; }

@@ -5,6 +5,7 @@
 #include <cstring>
 #include <memory>
 
+#include "base/screen_updates.h"
 #include "platform/surface_ptr.h"
 #include "platform/text.h"
 #include "ui/bitmap_font.h"
@@ -28,7 +29,7 @@ void showOnScreen(SDL_Surface* surface, Sint16 x, Sint16 y) {
   SDL_Surface* screen = logScreen();
   SDL_Rect where{x, y, 0, 0};
   SDL_BlitSurface(surface, nullptr, screen, &where);
-  SDL_UpdateRect(screen, 0, 0, 0, 0);
+  updateWholeScreen(screen, 0);
 }
 
 void drawExpanded() {

@@ -34,6 +34,7 @@ const char* usageText() {
          "  --voyage FILE    keep the voyage in FILE (also for --script and --frames runs)\n"
          "  --autosave MS    save a changed voyage at most every MS milliseconds (default 1000;\n"
          "                   0 saves after every frame)\n"
+         "  --frame-times FILE  write each frame's work in microseconds to FILE\n"
          "  --help           show this text\n";
 }
 
@@ -79,6 +80,13 @@ bool parseOptions(int argc, const char* const* argv, Options& options, std::stri
         return false;
       }
       options.scriptPath = text;
+    } else if (arg == "--frame-times") {
+      if (!value(text)) return false;
+      if (!*text) {
+        error = "--frame-times needs a file";
+        return false;
+      }
+      options.frameTimesPath = text;
     } else if (arg == "--frames") {
       if (!value(text)) return false;
       if (!parseNumber(text, 0, LONG_MAX, n)) {

@@ -10,6 +10,7 @@ struct Options {
   bool unthrottled = false;          // --unthrottled: no frame-rate delay
   bool logToStdout = false;          // --log-stdout: echo the debug log
   std::string scriptPath;            // --script FILE: scripted input
+  std::string frameTimesPath;        // --frame-times FILE: each frame's work time
   int scale = 1;                     // --scale N: window N times 800 x 600 (1 to 4)
   bool check = false;                // --check: check the data files and leave
   bool help = false;                 // --help

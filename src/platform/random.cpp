@@ -4,16 +4,17 @@
 #include <optional>
 
 namespace {
-unsigned long long state = 1;  // kept modulo 2^32
+RandomSequence sequence(1);
 std::optional<unsigned int> fixedTimeSeed;
 }  // namespace
 
-void seedRandom(unsigned int seed) { state = seed; }
+void seedRandom(unsigned int seed) { sequence = RandomSequence(seed); }
 
-int nextRandom() {
-  state = (state * 1103515245ULL + 12345ULL) & 0xFFFFFFFFULL;
-  return static_cast<int>((state / 65536ULL) % 32768ULL);
-}
+int nextRandom() { return sequence.next(); }
+
+unsigned int randomState() { return sequence.state(); }
+
+void setRandomState(unsigned int state) { sequence = RandomSequence(state); }
 
 unsigned int timeSeed() {
   if (fixedTimeSeed) return *fixedTimeSeed;

@@ -26,6 +26,7 @@
 #include "shell/data_check.h"
 #include "shell/event_queue.h"
 #include "shell/flight.h"
+#include "shell/frame_work.h"
 #include "shell/input.h"
 #include "shell/mode_frames.h"
 #include "shell/saved_game.h"
@@ -208,6 +209,7 @@ void startUp(const Options& options) {
 
 void runFrame() {
   ++frameNumber;
+  beginFrameWork();
   collectSdlEvents();
   runScriptInput();
 
@@ -258,6 +260,7 @@ void runFrame() {
   }
 
   present();
+  endFrameWork(frameNumber);
   autosaveVoyage();
   gameState.framesCounted += 1;
 
@@ -279,6 +282,10 @@ int gameMain(int argc, char** argv) {
   }
   if (!options.scriptPath.empty() && !loadScript(options.scriptPath, script, error)) {
     std::fprintf(stderr, "%s\n", error.c_str());
+    return 2;
+  }
+  if (!options.frameTimesPath.empty() && !recordFrameTimes(options.frameTimesPath, error)) {
+    std::fprintf(stderr, "prospector: %s\n", error.c_str());
     return 2;
   }
   // Screenshots land where the player ran the game from, not in the data directory.

@@ -53,6 +53,7 @@ void runSpaceFrame() {
   g.posY += static_cast<int>(g.velY);
   keepOnMap(g.posY, g.velY, g.sectorY);
 
+  if (g.sectorX != g.lastSectorX || g.sectorY != g.lastSectorY) prepareSystemsNear(g.sectorX, g.sectorY);
   // In the frame after passing cell 499 the cell lies off the map and holds nothing.
   if ((g.sectorX != g.lastSectorX || g.sectorY != g.lastSectorY) && onMap(g.sectorX, g.sectorY)) {
     if (StellarObject* object = starMap[g.sectorX][g.sectorY].object) enterSystem(object);

@@ -8,11 +8,13 @@
 #include <cstdint>
 #include <memory>
 #include <utility>
+#include <vector>
 
 #include "base/message_window.h"
 #include "platform/random.h"
 #include "platform/surface_ptr.h"
 #include "surface/terrain.h"
+#include "surface/terrain_cache.h"
 #include "universe/navigation.h"
 #include "universe/orbit_view.h"
 #include "universe/star_map.h"
@@ -63,6 +65,13 @@ double viewZoom(float gravity) {
   if (gravity >= 4) return 0.7;
   if (gravity >= 2) return 0.6;
   return 0.5;
+}
+
+std::vector<std::int32_t> planetSeeds(const StellarObject& object) {
+  std::vector<std::int32_t> seeds;
+  for (const Planet* p : object.Planets)
+    if (p) seeds.push_back(p->Seed);
+  return seeds;
 }
 
 void freeSurface(SDL_Surface*& surface) {
@@ -132,14 +141,15 @@ void buildOrbitAngles() {
 void buildPlanetImages(StellarObject* object) {
   if (!object) return;
   auto temporary = std::make_unique<Terrain>();
+  // Terrains not made on the way here are shared out between this thread and the worker.
+  prepareTerrains(planetSeeds(*object));
   for (int i = 0; i < maxPlanets; ++i) {
     angleCursor = angleCursor + 1 >= angleCount ? 0 : angleCursor + 1;
     Planet* p = object->Planets[i];
     if (!p) continue;
     showMessagef("Planet detected at lane: %d", i);
     p->OrbitAngle = orbitAngles[angleCursor];
-    generateTerrain(*temporary, p->Seed);
-    smoothTerrain(*temporary);
+    smoothedTerrain(*temporary, p->Seed);
     SurfacePtr g(renderGlobe(*temporary, 0, p->Hydro));
     freeSurface(p->OrbitImage);
     freeSurface(p->ViewImage);
@@ -149,6 +159,22 @@ void buildPlanetImages(StellarObject* object) {
   }
   orbitAlpha = 0;
   blinkRising = true;
+}
+
+void prepareSystemsNear(int cellX, int cellY) {
+  constexpr int reach = 2;
+  std::vector<std::int32_t> seeds;
+  for (int d = 0; d <= reach; ++d)
+    for (int x = cellX - d; x <= cellX + d; ++x)
+      for (int y = cellY - d; y <= cellY + d; ++y) {
+        const bool onRing = x == cellX - d || x == cellX + d || y == cellY - d || y == cellY + d;
+        if (!onRing || x < 0 || y < 0 || x >= starMapSize || y >= starMapSize) continue;
+        if (const StellarObject* o = starMap[x][y].object) {
+          const std::vector<std::int32_t> more = planetSeeds(*o);
+          seeds.insert(seeds.end(), more.begin(), more.end());
+        }
+      }
+  if (!seeds.empty()) prepareTerrains(seeds);
 }
 
 void releasePlanetImages(StellarObject* object) {

@@ -36,5 +36,9 @@ void buildOrbitAngles();
 // pulse. The cursor into orbitAngles moves on for empty lanes too. Images made
 // before for the same planets are released first.
 void buildPlanetImages(StellarObject* object);
+// Starts making the terrains of the planets of every system within two cells
+// of the star-map cell (x, y), nearest first, on the worker thread, so that
+// flying into one finds them made and its entry frame stays short.
+void prepareSystemsNear(int cellX, int cellY);
 // Frees every planet's view image and orbit icon and clears the pointers.
 void releasePlanetImages(StellarObject* object);

@@ -9,6 +9,7 @@
 #include "ship/ship.h"
 #include "surface/globe.h"
 #include "surface/terrain.h"
+#include "surface/terrain_cache.h"
 #include "ui/bitmap_font.h"
 #include "ui/font_builder.h"
 #include "ui/frames.h"
@@ -221,8 +222,7 @@ void prepareGameWindow(SDL_Surface* screen, Planet* planet) {
     boxRGBA(screen, 515, 5, 795, 250, 0, 0, 0, 255);
   }
   if (planet) {
-    generateTerrain(terrain, planet->Seed);
-    smoothTerrain(terrain);
+    smoothedTerrain(terrain, planet->Seed);  // mostly made when the system was entered
   } else {
     logMessage("prepareGameWindow: no planet to generate terrain for");
   }

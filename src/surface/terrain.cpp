@@ -1,6 +1,7 @@
 #include "surface/terrain.h"
 
 #include <array>
+#include <memory>
 #include <utility>
 #include <vector>
 
@@ -32,20 +33,20 @@ class Grid {
 
 // randomOffset with the range known when compiling, which spares a division per point.
 template <int m>
-int offsetIn() {
-  const int r = nextRandom() % m;
+int offsetIn(RandomSequence& random) {
+  const int r = random.next() % m;
   return r > m / 2 ? r - m : r;
 }
 
 // Pass k (1 to 9): 2^(k-1) squares a side, range 255 / k. Every neighbour is
 // read before the point's one random draw.
 template <int k>
-void displacePass(Grid& g) {
+void displacePass(Grid& g, RandomSequence& random) {
   constexpr int n = 1 << (k - 1);
   constexpr int s = gridLast / n;
   constexpr int m = 255 / k;
   constexpr int h = s / 2;
-  auto displaced = [](int sum) { return clampByte(sum / 4 + offsetIn<m>()); };
+  auto displaced = [&random](int sum) { return clampByte(sum / 4 + offsetIn<m>(random)); };
   for (int i = 0; i < n; ++i) {
     for (int j = 0; j < n; ++j) {
       const int a =
@@ -93,16 +94,32 @@ int randomOffset(int m) {
 
 int clampByte(int v) { return v < 0 ? 0 : (v > 255 ? 255 : v); }
 
-std::vector<std::uint8_t> heightField(std::int32_t seed) {
-  seedRandom(static_cast<unsigned int>(seed));
+std::vector<std::uint8_t> heightField(std::int32_t seed, RandomSequence& random) {
+  // A local sequence the passes can keep in a register: the grid's byte
+  // stores could otherwise alias the caller's.
+  RandomSequence local(static_cast<unsigned int>(seed));
   Grid g;
-  [&]<int... k>(std::integer_sequence<int, k...>) { (displacePass<k + 1>(g), ...); }
+  [&]<int... k>(std::integer_sequence<int, k...>) { (displacePass<k + 1>(g, local), ...); }
   (std::make_integer_sequence<int, passes>{});
+  random = local;
   return g.release();
 }
 
+std::vector<std::uint8_t> heightField(std::int32_t seed) {
+  RandomSequence random(0);
+  std::vector<std::uint8_t> field = heightField(seed, random);
+  setRandomState(random.state());
+  return field;
+}
+
 void generateTerrain(Terrain& map, std::int32_t seed) {
-  const std::vector<std::uint8_t> field = heightField(seed);
+  RandomSequence random(0);
+  generateTerrain(map, seed, random);
+  setRandomState(random.state());
+}
+
+void generateTerrain(Terrain& map, std::int32_t seed, RandomSequence& random) {
+  const std::vector<std::uint8_t> field = heightField(seed, random);
   auto at = [&](int row, int column) { return field[static_cast<std::size_t>(row * heightFieldSize + column)]; };
   // One cell per degree: 1.425 grid rows per column of longitude and 2.85 grid
   // columns per row of latitude, summed in single precision as the surface has
@@ -121,42 +138,67 @@ void generateTerrain(Terrain& map, std::int32_t seed) {
 void smoothTerrain(Terrain& map) {
   // The smoothing works in place, so cells already smoothed feed later ones.
   // While column x is smoothed its six neighbouring columns do not change:
-  // their part of every sum is taken at once from wrapped copies (the kernel's
-  // columns -d and +d have the same weights), and only the column's own part is
-  // summed cell by cell from its live values.
+  // their part of every sum is taken at once (the kernel's columns -d and +d
+  // have the same weights), and so is the part of the column's own rows not
+  // smoothed yet; only its three rows above, smoothed a moment ago, are summed
+  // cell by cell. The columns are kept in 16 bits with their wrapped rows
+  // either side, so the compiler adds eight rows at a time: every part sum
+  // stays below 140 * 255.
   constexpr int pad = 3;
   constexpr int padded = terrainHeight + 2 * pad;
-  auto copyColumn = [&](int x, int* out) {
-    const std::uint8_t* c = &map.cells[x * terrainHeight];
+  using Column = std::array<std::uint16_t, padded>;
+  const auto columns = std::make_unique<std::array<Column, terrainWidth>>();
+  auto load = [&](int x, const std::uint8_t* c) {
+    std::uint16_t* out = (*columns)[static_cast<std::size_t>(x)].data();
     for (int y = 0; y < terrainHeight; ++y) out[y + pad] = c[y];
     for (int k = 0; k < pad; ++k) {
       out[k] = c[terrainHeight - pad + k];
       out[terrainHeight + pad + k] = c[k];
     }
   };
-  alignas(32) int left[padded], right[padded], live[padded], others[terrainHeight];
+  for (int x = 0; x < terrainWidth; ++x) load(x, &map.cells[x * terrainHeight]);
+  alignas(32) std::uint16_t part[terrainHeight];
   for (int x = 0; x < terrainWidth; ++x) {
-    for (int y = 0; y < terrainHeight; ++y) others[y] = 0;
-    for (int d = 1; d <= 3; ++d) {
-      copyColumn((x - d + terrainWidth) % terrainWidth, left);
-      copyColumn((x + d) % terrainWidth, right);
-      const int* w = kernel[3 + d];
-      for (int dy = 0; dy < 7; ++dy) {
-        const int weight = w[dy];
-        for (int y = 0; y < terrainHeight; ++y) others[y] += weight * (left[y + dy] + right[y + dy]);
-      }
+    const std::uint16_t* own = (*columns)[static_cast<std::size_t>(x)].data();
+    // The column's own rows from its centre down, not smoothed yet (the last
+    // rows' wrapped ones are, and are summed below instead).
+    [&]<int... dy>(std::integer_sequence<int, dy...>) {
+      for (int y = 0; y < terrainHeight; ++y)
+        part[y] = static_cast<std::uint16_t>(((kernel[3][dy + 3] * own[y + dy + 3]) + ...));
     }
-    copyColumn(x, live);
-    const int* w = kernel[3];
+    (std::make_integer_sequence<int, 4>{});
+    [&]<int... d>(std::integer_sequence<int, d...>) {
+      auto pair = [&]<int offset>() {
+        const std::uint16_t* left =
+            (*columns)[static_cast<std::size_t>((x - offset + terrainWidth) % terrainWidth)].data();
+        const std::uint16_t* right = (*columns)[static_cast<std::size_t>((x + offset) % terrainWidth)].data();
+        [&]<int... dy>(std::integer_sequence<int, dy...>) {
+          for (int y = 0; y < terrainHeight; ++y)
+            part[y] =
+                static_cast<std::uint16_t>(part[y] + ((kernel[3 + offset][dy] * (left[y + dy] + right[y + dy])) + ...));
+        }
+        (std::make_integer_sequence<int, 7>{});
+      };
+      (pair.template operator()<d + 1>(), ...);
+    }
+    (std::make_integer_sequence<int, pad>{});
     std::uint8_t* column = &map.cells[x * terrainHeight];
+    int above[pad] = {own[0], own[1], own[2]};  // rows 177 to 179, not smoothed yet
     for (int y = 0; y < terrainHeight; ++y) {
-      int sum = others[y];
-      for (int dy = 0; dy < 7; ++dy) sum += w[dy] * live[y + dy];
+      int sum = part[y] + kernel[3][0] * above[0] + kernel[3][1] * above[1] + kernel[3][2] * above[2];
+      if (y >= terrainHeight - pad) {
+        // Across the south edge the rows below are the first ones, smoothed by now.
+        for (int dy = 4; dy < 7; ++dy) {
+          const int row = y + dy - 3;
+          if (row >= terrainHeight) sum += kernel[3][dy] * (column[row - terrainHeight] - own[row + pad]);
+        }
+      }
       const int value = sum / kernelSum;
       column[y] = static_cast<std::uint8_t>(value);
-      live[y + pad] = value;
-      // The last rows read the first ones across the south edge, smoothed by then.
-      if (y < pad) live[terrainHeight + pad + y] = value;
+      above[0] = above[1];
+      above[1] = above[2];
+      above[2] = value;
     }
+    load(x, column);
   }
 }

@@ -2,6 +2,8 @@
 #include <cstdint>
 #include <vector>
 
+class RandomSequence;
+
 constexpr int terrainWidth = 360;
 constexpr int terrainHeight = 180;
 
@@ -18,10 +20,15 @@ extern Terrain terrain;
 // generator, so the same seed always gives the same surface and the sequence
 // afterwards continues from the generation's own draws.
 void generateTerrain(Terrain& map, std::int32_t seed);
+// The same surface drawn from `random`, which it re-seeds and leaves after the
+// generation's own draws; the program's one generator is not touched, so this
+// may run on another thread.
+void generateTerrain(Terrain& map, std::int32_t seed, RandomSequence& random);
 // The height field behind generateTerrain: 513 x 513 elevations, row by row
 // (row * 513 + column); row 512 and column 512 repeat row 0 and column 0.
 constexpr int heightFieldSize = 513;
 std::vector<std::uint8_t> heightField(std::int32_t seed);
+std::vector<std::uint8_t> heightField(std::int32_t seed, RandomSequence& random);
 // Smooths the map in place with the 7 x 7 kernel (sum 140); both longitude and
 // latitude wrap, and cells already smoothed feed the later ones.
 void smoothTerrain(Terrain& map);
