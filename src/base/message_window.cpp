@@ -40,8 +40,8 @@ void drawExpanded() {
 }
 
 // The strip always shows the newest messages, and copies each one it shows
-// into the debug log.
-void drawStrip() {
+// into the debug log unless it only puts back what was covered.
+void drawStrip(bool copyToLog) {
   SurfacePtr surface = blankSurface(790, 80);
   if (!surface) return;
   int index = previousLine(theWindow->writeIndex);
@@ -51,9 +51,11 @@ void drawStrip() {
   setCurrentFont(font);
   int y = 80 - (windowFonts ? windowFonts->heights[stripFont] : 0);
   for (int drawn = 0; drawn < stripLines && theWindow->lines[index][0] != '\0'; ++drawn) {
-    logMessage(theWindow->lines[index]);
-    // Logging may have drawn the log window with another font.
-    setCurrentFont(font);
+    if (copyToLog) {
+      logMessage(theWindow->lines[index]);
+      // Logging may have drawn the log window with another font.
+      setCurrentFont(font);
+    }
     printString(surface.get(), 0, y, "%s", theWindow->lines[index]);
     y -= step;
     index = previousLine(index);
@@ -94,6 +96,10 @@ void drawMessageWindow() {
   if (theWindow->expanded == 1) {
     drawExpanded();
   } else {
-    drawStrip();
+    drawStrip(true);
   }
+}
+
+void redrawMessageStrip() {
+  if (logScreen() && theWindow->expanded == 0) drawStrip(false);
 }
