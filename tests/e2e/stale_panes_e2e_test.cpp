@@ -47,7 +47,8 @@ TEST(StalePanesEndToEnd, SweepHistoryWindowsAndCaptureLeaveNothingBehind) {
   std::string script = clickRow(1, 1) + clickRow(10, 0) + key(72, "d", "ctrl") + key(75, "d", "ctrl") +
                        key(82, "z", "ctrl") + key(85, "z", "ctrl") + key(92, "r", "ctrl") + "at 1 state\n";
   const char* names[] = {"swept", "log", "history", "rate"};
-  for (int i = 0; i < 4; ++i) script += "at " + std::to_string(70 + 10 * i) + " screenshot " + tmp.path(names[i]) + "\n";
+  for (int i = 0; i < 4; ++i)
+    script += "at " + std::to_string(70 + 10 * i) + " screenshot " + tmp.path(names[i]) + "\n";
   RunResult r = runScript(script, "--data '" + orbit + "' --seed 3 --frames 101");
   ASSERT_EQ(r.status, 0) << r.err;
   const Shot swept(tmp.path("swept"));
