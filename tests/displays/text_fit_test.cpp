@@ -1,6 +1,5 @@
 // The game's face against the fixed places its text is drawn in: every line
-// shows whole, neighbours keep apart, and the chart's values land in the blanks
-// their labels leave for them.
+// shows whole and neighbours keep apart.
 #include <algorithm>
 #include <string>
 #include <utility>
@@ -97,27 +96,6 @@ TEST(TextFit, StatusScaleLabelsShowWholeApartAndClearOfTheBars) {
   }
   // The gauge numbers end at least one column before the 0 % line at x = 50.
   EXPECT_LT(inkOf(text, "000/999").last, 49);
-}
-
-TEST(TextFit, ChartValuesLandInTheBlanksOfTheirLabels) {
-  ensureScreen();
-  BitmapFont *label = fontTable.fonts[2], *value = fontTable.fonts[6];
-  const std::string line = "( Scanning) X:   , Y:   , Stellar Object:              , Ecosphere:       , Planets: ";
-  struct Slot {
-    const char* name;
-    int x;
-    const char* widest;
-  };
-  for (const Slot& s : {Slot{"X:", 107, "499"}, Slot{"Y:", 157, "499"}, Slot{"Object:", 300, "White Drawf"},
-                        Slot{"Ecosphere:", 480, "Ln 0-1"}, Slot{"Planets:", 600, "10"}}) {
-    const std::size_t labelEnd = line.find(s.name) + std::string(s.name).size();
-    const std::size_t blanksEnd = std::min(line.find(',', labelEnd), line.size());
-    EXPECT_LT(10 + inkOf(label, line.substr(0, labelEnd)).last, s.x) << s.name << " runs into its value";
-    if (blanksEnd < line.size()) {
-      EXPECT_LT(s.x + inkOf(value, s.widest).last, 10 + textWidth(label, line.substr(0, blanksEnd).c_str()))
-          << s.name << "'s value runs past its blanks";
-    }
-  }
 }
 
 }  // namespace
