@@ -39,8 +39,8 @@ void drawExpanded() {
   showOnScreen(surface.get(), 75, 50);
 }
 
-// The strip always shows the newest messages, and copies each one it shows
-// into the debug log unless it only puts back what was covered.
+// The strip always shows the newest messages, and copies each of the seven
+// newest into the debug log unless it only puts back what was covered.
 void drawStrip(bool copyToLog) {
   SurfacePtr surface = blankSurface(790, 80);
   if (!surface) return;
@@ -56,7 +56,10 @@ void drawStrip(bool copyToLog) {
       // Logging may have drawn the log window with another font.
       setCurrentFont(font);
     }
-    printString(surface.get(), 0, y, "%s", theWindow->lines[index]);
+    // A line that would reach above the strip's top edge is left out rather
+    // than shown cut: the strip shows the newest lines that fit whole. A glyph
+    // sheet draws from its second row, so a line at y >= 0 stays inside.
+    if (y >= 0) printString(surface.get(), 0, y, "%s", theWindow->lines[index]);
     y -= step;
     index = previousLine(index);
   }

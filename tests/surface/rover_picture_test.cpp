@@ -38,8 +38,8 @@ TEST(RoverPicture, ItsMiddleIsOnTheRoversOwnTile) {
       int left = 800, right = -1, top = 600, bottom = -1;
       for (int y = 310; y < 500; ++y)
         for (int x = 10; x < 290; ++x)
-          if (pixelRGB(screen, x, y)) left = std::min(left, x), right = std::max(right, x), top = std::min(top, y),
-                                      bottom = std::max(bottom, y);
+          if (pixelRGB(screen, x, y))
+            left = std::min(left, x), right = std::max(right, x), top = std::min(top, y), bottom = std::max(bottom, y);
       ASSERT_GE(right, left) << "no rover drawn";
       const double midX = (left + right) / 2.0, midY = (top + bottom) / 2.0;
       EXPECT_TRUE(midX >= 150 - rx && midX <= 160 - rx && midY >= 400 - ry && midY <= 410 - ry)
