@@ -31,7 +31,7 @@ std::vector<int> textRuns(SDL_Surface* s, SDL_Rect r) {
   return runs;
 }
 
-// The lit columns of `text` printed alone in `font`: first and last, and the lit rows' count.
+// `text` printed alone in `font`: its first and last lit columns and its runs of text rows.
 struct Ink {
   int first = 1000, last = -1;
   std::vector<int> rows;
