@@ -342,23 +342,35 @@ SurfacePtr drawShipSprite(const Ship& ship) {
 
 // ---- The rover, nose up ----
 
+// The game pins the rover picture's top-left corner 10 pixels left of and 13
+// above the rover's own point on the surface view and turns it about the pixel
+// (10, 13). So the picture is 20 x 26 and the rover is drawn symmetrically round
+// that pixel: heading north or south its middle is the rover's point, which lies
+// on the rover's own tile wherever in the tile the rover stands.
+constexpr int roverWidth = 20, roverHeight = 26, roverX = 10, roverY = 13;
+
 SurfacePtr drawRover() {
-  SurfacePtr image = newSurface(16, 16);
+  SurfacePtr image = newSurface(roverWidth, roverHeight);
   if (!image) return image;
   SDL_Surface* s = image.get();
-  const Rgb tyre{58, 58, 62}, body{214, 196, 150}, panelBlue{70, 130, 220}, lamp{255, 240, 160}, trim{1, 1, 1};
-  for (int row = 0; row < 3; ++row) {
-    const Sint16 y = static_cast<Sint16>(3 + 4 * row);
-    boxRGBA(s, 2, y, 3, y + 2, tyre.r, tyre.g, tyre.b, 255);
-    boxRGBA(s, 12, y, 13, y + 2, tyre.r, tyre.g, tyre.b, 255);
+  const Rgb tyre{58, 58, 62}, body{214, 196, 150}, cockpit{120, 120, 130}, panelBlue{70, 130, 220}, lamp{255, 240, 160},
+      trim{1, 1, 1};
+  // Offsets from the middle pixel.
+  const auto box = [s](int x1, int y1, int x2, int y2, Rgb c) {
+    boxRGBA(s, static_cast<Sint16>(roverX + x1), static_cast<Sint16>(roverY + y1), static_cast<Sint16>(roverX + x2),
+            static_cast<Sint16>(roverY + y2), c.r, c.g, c.b, 255);
+  };
+  for (const int y : {-4, 0, 4}) {
+    box(-5, y, -4, y + 2, tyre);
+    box(4, y, 5, y + 2, tyre);
   }
-  boxRGBA(s, 4, 2, 11, 14, body.r, body.g, body.b, 255);
-  rectangleRGBA(s, 4, 2, 11, 14, trim.r, trim.g, trim.b, 255);
-  boxRGBA(s, 5, 8, 10, 13, panelBlue.r, panelBlue.g, panelBlue.b, 255);
-  hlineRGBA(s, 5, 10, 10, trim.r, trim.g, trim.b, 255);
-  boxRGBA(s, 6, 3, 9, 5, 120, 120, 130, 255);
-  pixelRGBA(s, 5, 1, lamp.r, lamp.g, lamp.b, 255);
-  pixelRGBA(s, 10, 1, lamp.r, lamp.g, lamp.b, 255);
+  box(-3, -5, 3, 6, body);
+  rectangleRGBA(s, roverX - 3, roverY - 5, roverX + 3, roverY + 6, trim.r, trim.g, trim.b, 255);
+  box(-2, -4, 2, -2, cockpit);
+  box(-2, 1, 2, 5, panelBlue);
+  box(-2, 3, 2, 3, trim);
+  box(-2, -6, -2, -6, lamp);
+  box(2, -6, 2, -6, lamp);
   return image;
 }
 

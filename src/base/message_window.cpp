@@ -40,9 +40,9 @@ void drawExpanded() {
   showOnScreen(surface.get(), 75, 50);
 }
 
-// The strip always shows the newest messages, and copies each one it shows
-// into the debug log.
-void drawStrip() {
+// The strip always shows the newest messages, and copies each of the seven
+// newest into the debug log unless it only puts back what was covered.
+void drawStrip(bool copyToLog) {
   SurfacePtr surface = blankSurface(790, 80);
   if (!surface) return;
   int index = previousLine(theWindow->writeIndex);
@@ -52,10 +52,15 @@ void drawStrip() {
   setCurrentFont(font);
   int y = 80 - (windowFonts ? windowFonts->heights[stripFont] : 0);
   for (int drawn = 0; drawn < stripLines && theWindow->lines[index][0] != '\0'; ++drawn) {
-    logMessage(theWindow->lines[index]);
-    // Logging may have drawn the log window with another font.
-    setCurrentFont(font);
-    printString(surface.get(), 0, y, "%s", theWindow->lines[index]);
+    if (copyToLog) {
+      logMessage(theWindow->lines[index]);
+      // Logging may have drawn the log window with another font.
+      setCurrentFont(font);
+    }
+    // A line that would reach above the strip's top edge is left out rather
+    // than shown cut: the strip shows the newest lines that fit whole. A glyph
+    // sheet draws from its second row, so a line at y >= 0 stays inside.
+    if (y >= 0) printString(surface.get(), 0, y, "%s", theWindow->lines[index]);
     y -= step;
     index = previousLine(index);
   }
@@ -95,6 +100,10 @@ void drawMessageWindow() {
   if (theWindow->expanded == 1) {
     drawExpanded();
   } else {
-    drawStrip();
+    drawStrip(true);
   }
+}
+
+void redrawMessageStrip() {
+  if (logScreen() && theWindow->expanded == 0) drawStrip(false);
 }

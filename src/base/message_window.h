@@ -18,3 +18,6 @@ void showMessagef(const char* format, ...) __attribute__((format(printf, 1, 2)))
 void expandMessages();
 void collapseMessages();
 void drawMessageWindow();
+// Draws the collapsed strip again after something covered or blanked it, without
+// copying its lines into the debug log a second time; nothing while expanded.
+void redrawMessageStrip();

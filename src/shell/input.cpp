@@ -36,6 +36,7 @@ void switchFullScreen() {
     logMessage("Setting window mode");
     SDL_WM_ToggleFullScreen(screen);
     drawScreenLayout(screen);
+    redrawCoveredPanes();
   }
 }
 

@@ -134,7 +134,7 @@ void checkFonts() {
     if (!fontTable.fonts[i]) {
       std::fprintf(stderr,
                    "The game font ATX_A.ttf is missing from the data directory: run scripts/install-deps "
-                   "(it installs DejaVu Sans Mono from fonts-dejavu-core), then rebuild.\n");
+                   "(it installs Oxygen Mono from fonts-oxygen), then rebuild.\n");
       std::exit(1);
     }
   }

@@ -1,5 +1,8 @@
 #include "shell/planet_frames.h"
 
+#include <SDL_gfxPrimitives.h>
+
+#include <algorithm>
 #include <cstdio>
 
 #include "base/game_state.h"
@@ -8,6 +11,7 @@
 #include "displays/status_window.h"
 #include "shell/command_window.h"
 #include "shell/screen_layout.h"
+#include "surface/globe.h"
 #include "surface/surface_map.h"
 #include "universe/planet.h"
 
@@ -32,8 +36,19 @@ void sensorSweepStep(Planet& planet) {
     gameState.scansTaken = 1;
     gameState.scanRunning = 0;
     toggleItemSelected();
+    drawCommandWindow(screen);  // Sensors shows as no longer chosen at once
   }
   fillAnalysisLines(planet);
+}
+
+// The wire globe's corners are transparent and the sweep draws its lines across
+// them: clear the box both use every frame, or old lines pile up behind the globe.
+void clearGlobeBox() {
+  constexpr int left = 595, top = 120, sweepRight = 704, sweepBottom = 230;
+  const SDL_Surface* globe = globeImages[0];
+  const int right = std::max(sweepRight, globe ? left + globe->w - 1 : 0);
+  const int bottom = std::max(sweepBottom, globe ? top + globe->h - 1 : 0);
+  boxRGBA(screen, left, top, static_cast<Sint16>(right), static_cast<Sint16>(bottom), 0, 0, 0, 255);
 }
 
 }  // namespace
@@ -56,6 +71,7 @@ bool drawCargoOverlay() {
 
 void drawPlanetPane(Planet& planet) {
   if (gameState.showShipStatus == 0) {
+    clearGlobeBox();
     drawGlobeFrame(screen);
     sensorSweepStep(planet);
   } else {

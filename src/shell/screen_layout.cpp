@@ -32,17 +32,24 @@ void drawScreenLayout(SDL_Surface* surface) {
 }
 
 void refreshLayout() {
+  drawScreenLayout(screen);
   if (gameState.fullScreen == 1) {
-    drawScreenLayout(screen);
     SDL_Flip(screen);
     drawScreenLayout(screen);
     SDL_Flip(screen);
-  } else {
-    drawScreenLayout(screen);
-    if (gameState.mode == Orbit) {
-      if (Planet* planet = currentPlanetRecord()) drawSurfaceMap(screen, planet);
-    }
   }
+  redrawCoveredPanes();
+}
+
+void redrawCoveredPanes() {
+  drawCommandWindow(screen);
+  redrawMessageStrip();
+  if (gameState.mode != Orbit && gameState.mode != Surface) return;
+  if (Planet* planet = currentPlanetRecord()) {
+    drawSurfaceLegend(screen, planet);
+    drawSurfaceMap(screen, planet);
+  }
+  drawPlanetLabels(screen);
 }
 
 void drawGameViewscreen(bool inSystem) {

@@ -49,6 +49,12 @@ void enterOrbit(StellarObject* object, int lane, Planet* planet) {
   drawCommandWindow(screen);
   gameState.mode = Orbit;
   showMessage("Orbit established");
+  // The star chart or the configuration window was on screen and orbit draws
+  // neither: wipe what is left of it and put the panes back.
+  if (gameState.navigationWasShown || gameState.configWasShown) {
+    drawScreenLayout(screen);
+    redrawCoveredPanes();
+  }
 }
 
 // Only the lowest lane on the ship's cell is entered when two planets share it.

@@ -160,9 +160,13 @@ void blitRover(SDL_Surface* view, int headingIndex) {
   SDL_BlitSurface(image, nullptr, view, &at);
 }
 
+// The streaks hang below the rover: its picture is centred on the rover's point,
+// (150, 400) on the screen, and reaches 7 rows below it.
+constexpr int streakTop = 408, streakBottom = 433;
+
 void drawStreak(SDL_Surface* screen, const ExhaustStreak& s) {
   const Uint8 alpha = static_cast<Uint8>(255 - 25 * s.age);
-  vlineRGBA(screen, 150 + s.offset, 380, 405, 128, 128, 255, alpha);
+  vlineRGBA(screen, static_cast<Sint16>(150 + s.offset), streakTop, streakBottom, 128, 128, 255, alpha);
 }
 
 }  // namespace

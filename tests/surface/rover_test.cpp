@@ -199,12 +199,12 @@ TEST_F(RoverTest, ExhaustStreaksStepFadeAndRespawn) {
   for (int i = 0; i < 6; ++i) {
     EXPECT_EQ(exhaustStreaks[i].offset, movedOffsets[i]);
     EXPECT_EQ(exhaustStreaks[i].age, ages[i] + 1);
-    const Uint32 p = pixelRGB(screen, 150 + movedOffsets[i], 382);
+    const Uint32 p = pixelRGB(screen, 150 + movedOffsets[i], 410);
     EXPECT_NEAR(static_cast<int>(p & 0xFF), 255 * alphas[i] / 256, 1) << i;
     EXPECT_NEAR(static_cast<int>(p >> 16), 128 * alphas[i] / 256, 1) << i;
-    EXPECT_EQ(pixelRGB(screen, 150 + movedOffsets[i], 379), 0u);
-    EXPECT_NE(pixelRGB(screen, 150 + movedOffsets[i], 405), 0u);
-    EXPECT_EQ(pixelRGB(screen, 150 + movedOffsets[i], 406) & 0xFF, 0u);
+    EXPECT_EQ(pixelRGB(screen, 150 + movedOffsets[i], 407), 0u);
+    EXPECT_NE(pixelRGB(screen, 150 + movedOffsets[i], 433), 0u);
+    EXPECT_EQ(pixelRGB(screen, 150 + movedOffsets[i], 434) & 0xFF, 0u);
   }
   // 250 -> 245: drawn as they are. 245 -> 240: the streak aged 15 is respawned
   // from three draws and not drawn; the others step on.
