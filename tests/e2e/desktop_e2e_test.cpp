@@ -48,8 +48,13 @@ TEST(Desktop, TheWindowIsNamedStarProspectorAndWearsTheShipIcon) {
     # The X11 driver's own libraries (dbus, GL) keep allocations a sanitizer build would report at exit.
     export DISPLAY=:$(head -1 "$dir/display") SDL_VIDEODRIVER=x11 ASAN_OPTIONS="${ASAN_OPTIONS:-}:detect_leaks=0"
     "$1" --data "$2" --frames 900 >/dev/null 2>&1 & game=$!
-    wid=$(timeout 30 xdotool search --sync --name 'Star Prospector' | head -1)
-    xprop -id "$wid" WM_NAME _NET_WM_ICON | head -2
+    # SDL may replace its first window while it picks a renderer: ask again until one answers.
+    for i in $(seq 50); do
+      wid=$(timeout 30 xdotool search --sync --name 'Star Prospector' | tail -1)
+      props=$(xprop -id "$wid" WM_NAME _NET_WM_ICON 2>/dev/null | head -2) && break
+      sleep 0.2
+    done
+    echo "$props"
     # The game leaves first (SDL turns TERM into a quit request): without its X server it could not.
     kill $game; timeout 10 tail --pid=$game -f /dev/null || kill -9 $game
     kill $xvfb; rm -rf "$dir")";
