@@ -2,6 +2,7 @@
 
 #include <SDL_gfxPrimitives.h>
 
+#include <cstdio>
 #include <memory>
 
 #include "base/debug_log.h"
@@ -58,7 +59,15 @@ void printHeader(SDL_Surface* pane, int column, int row) {
     if (!fonts->fonts[2]) return;
     setCurrentFont(fonts->fonts[2]);
   }
-  centeredPrint(pane, 15, "X:%d  Y:%d", column, row);
+  // A star in the top row of the view would sit behind the read-out and break
+  // up its letters, so the read-out gets a black backing of its own size.
+  char text[32];
+  std::snprintf(text, sizeof text, "X:%d  Y:%d", column, row);
+  const int w = textWidth(text), h = fontHeight(currentFont());
+  const int x = pane->w / 2 - w / 2;
+  boxRGBA(pane, static_cast<Sint16>(x - 2), 14, static_cast<Sint16>(x + w + 1), static_cast<Sint16>(15 + h), 0, 0, 0,
+          255);
+  centeredPrint(pane, 15, "%s", text);
 }
 
 int clampOffset(int offset) { return offset < 0 ? 0 : (offset > lastOffset ? lastOffset : offset); }
