@@ -1,23 +1,6 @@
 // The frame loop and the keyboard and mouse handlers it hands events to.
-#include "shell/main_loop.h"
 
-#include <gtest/gtest.h>
-
-#include <cmath>
-#include <tuple>
-#include <utility>
-
-#include "base/debug_log.h"
-#include "base/game_state.h"
-#include "base/message_window.h"
-#include "base/screen.h"
-#include "shell/command_window.h"
 #include "shell/input.h"
-#include "shell/mode_frames.h"
-#include "shell/orbit.h"
-#include "shell/screen_layout.h"
-#include "shell/state_dump.h"
-#include "ship/ship.h"
 #include "support/test_support.h"
 
 namespace {

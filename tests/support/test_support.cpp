@@ -3,6 +3,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -22,6 +23,7 @@
 #include "shell/screen_layout.h"
 #include "shell/state_dump.h"
 #include "surface/globe.h"
+#include "ui/bitmap_font.h"
 #include "ui/font_builder.h"
 
 void ensureScreen() {
@@ -80,6 +82,26 @@ Uint32 pixelRGB(SDL_Surface* surface, int x, int y) {
   Uint8 r, g, b;
   SDL_GetRGB(raw, surface->format, &r, &g, &b);
   return (Uint32(r) << 16) | (Uint32(g) << 8) | b;
+}
+
+bool showsText(SDL_Surface* shown, int x, int y, BitmapFont* font, const std::string& text, int width, bool litOnly,
+               int rows) {
+  const int w = std::min(textWidth(font, text.c_str()), width), h = std::min(fontHeight(font), rows);
+  SurfacePtr reference = blankSurface(w + 1, fontHeight(font));
+  printString(reference.get(), font, 0, 0, "%s", text.c_str());
+  for (int row = 0; row < h; ++row)
+    for (int col = 0; col < w; ++col)
+      if (const Uint32 want = pixelRGB(reference.get(), col, row);
+          (want || !litOnly) && pixelRGB(shown, x + col, y + row) != want)
+        return false;
+  return w > 0;
+}
+
+int litPixels(SDL_Surface* surface, int x1, int y1, int x2, int y2) {
+  int lit = 0;
+  for (int y = y1; y < y2; ++y)
+    for (int x = x1; x < x2; ++x) lit += pixelRGB(surface, x, y) != 0;
+  return lit;
 }
 
 SurfacePtr blankSurface(int w, int h) {

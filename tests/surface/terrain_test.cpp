@@ -1,13 +1,6 @@
-#include "surface/terrain.h"
-
-#include <gtest/gtest.h>
-
-#include <algorithm>
 #include <cstdint>
-#include <memory>
-#include <vector>
 
-#include "platform/random.h"
+#include "support/test_support.h"
 
 namespace {
 
@@ -90,19 +83,6 @@ TEST(TerrainTest, HeightFieldCornersStayAndTheLastRowAndColumnRepeatTheFirst) {
       ASSERT_EQ(cell(k, 512), cell(k, 0)) << "seed " << seed << " row " << k;
     }
   }
-}
-
-TEST(TerrainTest, RandomOffsetAndClampByteLimits) {
-  seedRandom(3);
-  int low = 0, high = 0;
-  for (int i = 0; i < 20000; ++i) low = std::min(low, randomOffset(255)), high = std::max(high, randomOffset(255));
-  EXPECT_EQ(std::pair(low, high), std::pair(-127, 127));
-  seedRandom(3);
-  const int before = nextRandom();
-  seedRandom(3);
-  EXPECT_EQ(randomOffset(0), 0) << "no range, no draw";
-  EXPECT_EQ(nextRandom(), before);
-  for (auto [v, want] : {std::pair{-1, 0}, {0, 0}, {255, 255}, {256, 255}, {100, 100}}) EXPECT_EQ(clampByte(v), want);
 }
 
 TEST(TerrainTest, SmoothingWrapsLongitudeAndLatitudeInPlace) {

@@ -1,5 +1,3 @@
-#include "ui/bitmap_font.h"
-
 #include "support/test_support.h"
 
 namespace {

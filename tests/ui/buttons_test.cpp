@@ -1,11 +1,6 @@
 #include "ui/buttons.h"
 
-#include <algorithm>
-#include <cstring>
-#include <tuple>
-
 #include "support/test_support.h"
-#include "ui/font_builder.h"
 
 TEST(TextButton, HoverIsStrictlyInsideAndReleaseInsideMakesOneClick) {
   TextButton close, longer;

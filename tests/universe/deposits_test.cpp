@@ -1,11 +1,4 @@
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <cstdio>
-#include <tuple>
-
-#include "platform/random.h"
-#include "universe/planet.h"
+#include "support/test_support.h"
 
 namespace {
 
