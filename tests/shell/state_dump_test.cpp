@@ -8,55 +8,25 @@ TEST(StateDump, EveryFieldUnderItsOwnNameAndNonFiniteNumbersAsNull) {
   ensureScreen();
   GameState& g = gameState;
   Ship& s = playerShip;
-  const std::pair<const char*, int*> fields[] = {{"posX", &g.posX},
-                                                 {"posY", &g.posY},
-                                                 {"sectorX", &g.sectorX},
-                                                 {"sectorY", &g.sectorY},
-                                                 {"lastSectorX", &g.lastSectorX},
-                                                 {"lastSectorY", &g.lastSectorY},
-                                                 {"sysX", &g.sysX},
-                                                 {"sysY", &g.sysY},
-                                                 {"speed", &g.speed},
-                                                 {"heading", &g.heading},
-                                                 {"currentPlanet", &g.currentPlanet},
-                                                 {"maneuverOn", &g.maneuverOn},
-                                                 {"scanRunning", &g.scanRunning},
-                                                 {"descentRunning", &g.descentRunning},
-                                                 {"launchRunning", &g.launchRunning},
-                                                 {"siteClicked", &g.siteClicked},
-                                                 {"showShipStatus", &g.showShipStatus},
-                                                 {"cargoOpen", &g.cargoOpen},
-                                                 {"navigationOpen", &g.navigationOpen},
-                                                 {"configOpen", &g.configOpen},
-                                                 {"cargoWasShown", &g.cargoWasShown},
-                                                 {"navigationWasShown", &g.navigationWasShown},
-                                                 {"configWasShown", &g.configWasShown},
-                                                 {"mouseX", &g.mouseX},
-                                                 {"mouseY", &g.mouseY},
-                                                 {"upHeld", &g.upHeld},
-                                                 {"downHeld", &g.downHeld},
-                                                 {"leftHeld", &g.leftHeld},
-                                                 {"rightHeld", &g.rightHeld},
-                                                 {"fullScreen", &g.fullScreen},
-                                                 {"showFrameRate", &g.showFrameRate},
-                                                 {"scansTaken", &g.scansTaken},
-                                                 {"engineClass", &s.engine.engineClass},
-                                                 {"warpCurrent", &s.engine.warpCurrent},
-                                                 {"shieldClass", &s.shield.shieldClass},
-                                                 {"shieldMax", &s.shield.shieldMax},
-                                                 {"shieldCurrent", &s.shield.shieldCurrent},
-                                                 {"powerPlantClass", &s.powerPlant.powerPlantClass},
-                                                 {"armorClass", &s.armorClass},
-                                                 {"armorMax", &s.armorMax},
-                                                 {"armorCurrent", &s.armorCurrent},
-                                                 {"hullMax", &s.hullMax},
-                                                 {"hullCurrent", &s.hullCurrent},
-                                                 {"fuel", &s.fuel},
-                                                 {"cargoHoldCount", &s.cargoHoldCount},
-                                                 {"shieldsOnline", &s.shieldsOnline},
-                                                 {"weaponsOnline", &s.weaponsOnline}};
+  const std::string names =
+      "posX posY sectorX sectorY lastSectorX lastSectorY sysX sysY speed heading currentPlanet maneuverOn scanRunning "
+      "descentRunning launchRunning siteClicked showShipStatus cargoOpen navigationOpen configOpen cargoWasShown "
+      "navigationWasShown configWasShown mouseX mouseY upHeld downHeld leftHeld rightHeld fullScreen showFrameRate "
+      "scansTaken engineClass warpCurrent shieldClass shieldMax shieldCurrent powerPlantClass armorClass armorMax "
+      "armorCurrent hullMax hullCurrent fuel cargoHoldCount shieldsOnline weaponsOnline";
+  // clang-format off
+  int* const fields[] = {
+      &g.posX, &g.posY, &g.sectorX, &g.sectorY, &g.lastSectorX, &g.lastSectorY, &g.sysX, &g.sysY, &g.speed,
+      &g.heading, &g.currentPlanet, &g.maneuverOn, &g.scanRunning, &g.descentRunning, &g.launchRunning,
+      &g.siteClicked, &g.showShipStatus, &g.cargoOpen, &g.navigationOpen, &g.configOpen, &g.cargoWasShown,
+      &g.navigationWasShown, &g.configWasShown, &g.mouseX, &g.mouseY, &g.upHeld, &g.downHeld, &g.leftHeld,
+      &g.rightHeld, &g.fullScreen, &g.showFrameRate, &g.scansTaken, &s.engine.engineClass, &s.engine.warpCurrent,
+      &s.shield.shieldClass, &s.shield.shieldMax, &s.shield.shieldCurrent, &s.powerPlant.powerPlantClass,
+      &s.armorClass, &s.armorMax, &s.armorCurrent, &s.hullMax, &s.hullCurrent, &s.fuel, &s.cargoHoldCount,
+      &s.shieldsOnline, &s.weaponsOnline};
+  // clang-format on
   int value = 1000;
-  for (const auto& [name, field] : fields) *field = value++;
+  for (int* field : fields) *field = value++;
   g.mode = 3;
   s.hardPointCount = 2;
   std::strcpy(s.hardPoints[1].weaponName, "Zap\"\n");
@@ -65,8 +35,10 @@ TEST(StateDump, EveryFieldUnderItsOwnNameAndNonFiniteNumbersAsNull) {
   g.velX = nan, g.velY = -inf, s.shipHoldFree = nan, s.roverHoldFree = -inf, s.shipHoldCapacity = inf;
   s.shipHold[0] = nan, s.shipHold[1] = 4.5f, s.shipHold[3] = inf, s.roverHold[21] = -inf;
   const std::string json = gameStateJson();
+  std::istringstream in(names);
   value = 1000;
-  for (const auto& [name, field] : fields) EXPECT_EQ(stateField(json, name), std::to_string(value++)) << name;
+  for (std::string name; in >> name;) EXPECT_EQ(stateField(json, name), std::to_string(value++)) << name;
+  EXPECT_EQ(value, 1000 + int(std::size(fields)));
   EXPECT_EQ(json.rfind("{\"mode\":3,", 0), 0u);
   EXPECT_EQ(stateField(json, "weapons"), "[\"\",\"Zap\\\"\\u000a\"]");
   for (const char* name : {"velX", "velY", "shipHoldFree", "roverHoldFree", "shipHoldCapacity"})

@@ -87,37 +87,35 @@ TEST_F(SurfaceMapTest, ClicksInTheViewscreenPaneChooseTheSite) {
   }
 }
 
-TEST_F(SurfaceMapTest, MovingTheSiteByKeyStopsAtTheEdges) {
-  const struct {
-    SurfacePoint from;
-    int direction;
-    SurfacePoint to;
-  } cases[] = {{{10, 10}, 0, {9, 10}},      {{10, 10}, 1, {10, 9}},      {{10, 10}, 2, {11, 10}},
-               {{10, 10}, 3, {10, 11}},     {{0, 0}, 0, {0, 0}},         {{0, 0}, 1, {0, 0}},
-               {{359, 179}, 2, {359, 179}}, {{200, 179}, 3, {200, 179}}, {{10, 10}, 7, {10, 10}}};
-  for (const auto& c : cases) {
-    landingSite = c.from;
-    moveSite(c.direction);
-    EXPECT_EQ(std::tuple(landingSite.x, landingSite.y, roverPosition.x, roverPosition.y),
-              std::tuple(c.to.x, c.to.y, c.to.x * 10, c.to.y * 10))
-        << c.direction;
-  }
-}
-
+// While Select Site is chosen the arrows move the site a cell, stopping at the map's edges;
+// otherwise they are held for the flight controls.
 TEST_F(SurfaceMapTest, ArrowKeysMoveTheSiteOnlyWhileSelectSiteIsChosen) {
-  landingSite = SurfacePoint{0, 179};
-  onKeyDown(SDLK_DOWN);  // not selecting: the key is held instead
-  EXPECT_EQ(gameState.downHeld, 1);
+  onKeyDown(SDLK_DOWN);
+  EXPECT_EQ(std::pair(gameState.downHeld, landingSite.y), std::pair(1, 90));
   onKeyUp(SDLK_DOWN);
   setCurrentMenu(LandingMenu);
   setCurrentItem(SelectSiteItem);
   toggleItemSelected();
-  onKeyDown(SDLK_DOWN);
-  EXPECT_EQ(landingSite.y, 179);
-  EXPECT_EQ(gameState.downHeld, 0);
-  onKeyDown(SDLK_RIGHT);
-  EXPECT_EQ(landingSite.x, 1);
-  EXPECT_EQ(gameState.siteClicked, 1);
+  const struct {
+    SurfacePoint from;
+    SDLKey key;
+    SurfacePoint to;
+  } cases[] = {{{10, 10}, SDLK_LEFT, {9, 10}},       {{10, 10}, SDLK_UP, {10, 9}},
+               {{10, 10}, SDLK_RIGHT, {11, 10}},     {{10, 10}, SDLK_DOWN, {10, 11}},
+               {{0, 0}, SDLK_LEFT, {0, 0}},          {{0, 0}, SDLK_UP, {0, 0}},
+               {{359, 179}, SDLK_RIGHT, {359, 179}}, {{200, 179}, SDLK_DOWN, {200, 179}}};
+  for (const auto& c : cases) {
+    landingSite = c.from;
+    gameState.siteClicked = 0;
+    onKeyDown(c.key);
+    EXPECT_EQ(std::tuple(landingSite.x, landingSite.y, roverPosition.x, roverPosition.y, gameState.downHeld),
+              std::tuple(c.to.x, c.to.y, c.to.x * 10, c.to.y * 10, 0))
+        << c.key;
+    EXPECT_EQ(gameState.siteClicked, 1) << c.key;
+  }
+  landingSite = SurfacePoint{10, 10};
+  moveSite(7);  // no such direction
+  EXPECT_EQ(std::tuple(landingSite.x, landingSite.y, roverPosition.x), std::tuple(10, 10, 100));
 }
 
 TEST_F(SurfaceMapTest, MapShowsEveryCellAndAWrappingSiteMarker) {
