@@ -85,6 +85,18 @@ TEST(SurfaceEndToEnd, SweepReadLandDriveCollectAndLaunch) {
   EXPECT_TRUE(showsText(readings.get(), after("Gravity: "), 55, value, gravity));
   EXPECT_TRUE(showsText(readings.get(), after("Temperature: "), 75, value, temperature));
   EXPECT_TRUE(showsText(readings.get(), after("Mineral Density: "), 95, value, std::to_string(planet->MineralDensity)));
+  // The sweep fills the analysis, and the wire globe turns beside the readings.
+  const Planet& p = *planet;
+  EXPECT_EQ(stateField(swept, "analysisLines"), std::string("[\"Atmosphere: ") + p.Atmos[0] + ", " + p.Atmos[1] + ", " +
+                                                    p.Atmos[2] + "\",\"Hydrosphere: " + p.Hydro +
+                                                    "\",\"Lithosphere: " + p.Litho[0] + ", " + p.Litho[1] + ", " +
+                                                    p.Litho[2] + "\",\"Global Weather: " + p.Weather + "\"]");
+  int wire = 0;
+  for (int i = 0; i < 110 * 110; ++i) {
+    const Uint32 c = pixelRGB(readings.get(), 595 + i % 110, 120 + i / 110);
+    wire += (c >> 8 & 0xFF) > 0x80 && (c >> 16) < 0x40 && (c & 0xFF) < 0x40;
+  }
+  EXPECT_GT(wire, 0) << "no green wire globe";
   clearStarMap(starMap);
   // Choosing the site shows the pointer's and the site's coordinates: map cell (100, 60).
   const SurfacePtr siteShot(SDL_LoadBMP(tmp.path("site.bmp").c_str()));

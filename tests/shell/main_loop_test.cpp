@@ -78,6 +78,11 @@ TEST_F(FrameLoopTest, ClicksGoByTheLastMotionAndOverlaysTakeThemFirst) {
     EXPECT_EQ(std::pair(getCurrentMenu(), isItemSelected()), std::pair(0, 0));
     *overlay = 0;
   }
+  gameState.navigationOpen = 1;  // the chart takes the release where it happens
+  targetCell = ChartCell{};
+  onMouseButtonUp(300, 100);
+  EXPECT_EQ(std::pair(targetCell.column, targetCell.row), std::pair(104, 84));
+  gameState.navigationOpen = 0;
   onMouseButtonDown(0, 0);
   EXPECT_EQ(isItemSelected(), 1);
   onMouseButtonUp(0, 0);

@@ -94,7 +94,8 @@ TEST_F(RoverTest, QuickViewDrawsWhatTheWholeListWalkDraws) {
     for (int y = 0; y < 180; ++y)
       if (nextRandom() % 3 == 0)
         deposits.push_back({x, y, static_cast<std::uint8_t>(nextRandom() % 22), (nextRandom() % 1000) / 100.0f});
-  deposits.push_back({3, 176, 4, 1.0f});  // a second deposit in a cell, drawn over the first
+  deposits.push_back({3, 176, 4, 1.0f});   // a second deposit in a cell, drawn over the first
+  deposits.push_back({180, 91, 6, 0.0f});  // an emptied one over it, not drawn
   const SDL_PixelFormat* f = surfaceWorkSurface->format;
   const SurfacePtr view(SDL_CreateRGBSurface(SDL_SWSURFACE, 300, 210, 32, f->Rmask, f->Gmask, f->Bmask, f->Amask));
   const SurfacePtr want = blankSurface(800, 600);

@@ -106,6 +106,8 @@ TEST(BitmapFont, PixelAccessStaysOnTheSurface) {
   SurfacePtr s = blankSurface(4, 3);
   for (auto [x, y] : {std::pair{2, 1}, {4, 0}, {0, 3}, {-1, -1}}) putPixel(s.get(), x, y, 0xABCDEF);
   EXPECT_EQ(GetPixel(s.get(), 2, 1), 0xABCDEFu);
+  EXPECT_EQ(GetPixel(s.get(), 0, -1) | GetPixel(s.get(), 0, 3), 0u);
+  EXPECT_EXIT(scanGlyphs(nullptr), ::testing::ExitedWithCode(1), "The font has not been loaded");
   testing::internal::CaptureStdout();
   for (int x : {-1, 4}) GetPixel(s.get(), x, 0);
   EXPECT_EQ(testing::internal::GetCapturedStdout(), "x too small in GetPixel!\nx too big in GetPixel!\n");
