@@ -84,6 +84,7 @@ TEST(BitmapFont, PlacementOnA100PixelTargetAndClippedAdvances) {
   // Advances are clipped at the edges too; a blank moves by the space's width, a missing glyph by 0.
   const int advances[][3] = {{5, 'a', 10}, {-4, 'a', 6}, {-30, 'a', 0}, {95, 'a', 5}, {0, ' ', 10}, {0, 127, 0}};
   for (const auto& a : advances) EXPECT_EQ(putChar(t, font.get(), a[0], 0, a[1]), a[2]) << a[0];
+  EXPECT_EQ(putChar(nullptr, font.get(), 0, 0, 'a'), 0) << "no surface, nothing drawn";
   SDL_FillRect(t, nullptr, 0);
   putString(t, font.get(), -4, 0, "ab");  // b starts at 2, over a's tail; glyph rows 1..5 land at 0..4
   EXPECT_EQ(pixelRGB(t, 3, 5), 0u);
