@@ -54,22 +54,6 @@ TEST_F(SavedGameTest, LinesAreCountedPastCommentsThroughBothHolds) {
   EXPECT_EQ(std::pair(playerShip.fuel, playerShip.shield.shieldCurrent), std::pair(999, 220));
 }
 
-TEST_F(SavedGameTest, HoldListsMixSeparatorsAndStopAtTheTwentySecondNumber) {
-  ASSERT_TRUE(loadBare("1\n1\n1\n1\n0\n0", "10, 5.5 0\n\t4,\t,4  \n"));
-  EXPECT_EQ(playerShip.hardPointCount, 0);
-  EXPECT_EQ(std::tuple(playerShip.shipHold[1], playerShip.shipHoldFree), std::tuple(5.5f, 100.0f - 15.5f));
-  EXPECT_EQ(std::tuple(playerShip.roverHold[1], playerShip.roverHoldFree), std::tuple(4.0f, 42.0f));
-
-  std::string hold;
-  for (int i = 1; i <= 25; ++i) hold += i == 22 ? "2 " : "1 ";
-  LogWatch log;
-  ASSERT_TRUE(loadBare("1\n1\n1\n1\n0\n0", hold + "\n" + hold + "\n"));
-  EXPECT_EQ(playerShip.shipHold[21], 2.0f);
-  EXPECT_EQ(playerShip.roverHoldFree, 50.0f - 23.0f) << "twenty-one ones and the 2 of slot 22";
-  EXPECT_TRUE(log.saw("25 numbers on the ship's hold line"));
-  EXPECT_TRUE(log.saw("25 numbers on the rover's hold line"));
-}
-
 TEST_F(SavedGameTest, MissingOrShortFilesStopWhereTheyEnd) {
   gameState.posX = 1234;
   EXPECT_FALSE(loadGame("NoSuch.sav"));
