@@ -115,3 +115,21 @@ TEST_F(HistoryWindowsTest, ExpandedMessagesStartAtTheScrolledLine) {
   EXPECT_NEAR(lineEnd(3), endOf(20), 3);
   EXPECT_EQ(lineEnd(4), -1);
 }
+
+TEST_F(HistoryWindowsTest, WithoutAWindowOrScreenLinesAreOnlyStored) {
+  SDL_Surface* windowSurface = debugLog.surface;
+  debugLog.surface = nullptr;
+  showLog();
+  logMessage("early");
+  debugLog.surface = windowSurface;
+  setLogScreen(nullptr, 0);
+  logMessage("no screen");
+  showMessage("kept");
+  expandMessages();
+  drawMessageWindow();
+  setLogScreen(screen, 0);
+  EXPECT_STREQ(debugLog.lines[1], "no screen");
+  EXPECT_STREQ(messageWindow.lines[0], "kept");
+  EXPECT_EQ(debugLog.writeIndex, 2);
+  EXPECT_EQ(bandEnd(0, 600), -1);
+}
