@@ -59,6 +59,11 @@ TEST_F(RoverTest, CollectionTakesWhatTheHoldHasRoomFor) {
       EXPECT_STREQ(lastMessage(), c.message);
     }
   }
+  MineralDeposit deposit{0, 0, 1, 5.0f};
+  playerShip.roverHoldFree = 0.0f;
+  EXPECT_FALSE(collectDeposit(deposit)) << "a full hold takes nothing";
+  playerShip.roverHoldFree = 1.0f;
+  EXPECT_TRUE(collectDeposit(deposit));
 }
 
 // The view word for word: every tile walks the whole list. The quick view must
