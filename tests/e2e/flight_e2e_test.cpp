@@ -1,11 +1,7 @@
-// Flying from the shipped saved game (cell (100, 96), heading 0) north into the home
-// system at (100, 100), then turning to heading 90 on the system's bottom row, away
-// from every orbit, and out across the low edge of the first axis.
-#include <gtest/gtest.h>
-
-#include <regex>
-#include <string>
-#include <vector>
+// From the shipped saved game (cell (100, 96), heading 0): the configuration
+// window opened and closed, the shields raised from the Tactical menu, then the
+// flight north into the home system at (100, 100), a turn to heading 90 on the
+// system's bottom row, away from every orbit, and out across its low edge.
 
 #include "support/test_support.h"
 
@@ -18,39 +14,80 @@ Uint32 dotPixel(SDL_Surface* shot, const std::string& state) {
 
 }  // namespace
 
-TEST(FlightEndToEnd, FliesIntoTheHomeSystemAcrossItsPlanAndOutAgain) {
+TEST(FlightEndToEnd, SavedShipConfigShieldsAndAFlightThroughTheHomeSystem) {
   TempDir tmp;
-  const std::string script = clickRow(5, 2) + clickRow(14, 0) +  // Navigator, Maneuver
-                             "at 25 key down up\nat 40 key up up\n"
-                             "at 45 key down left\nat 63 key up left\n"  // 18 turns of 5 degrees
-                             "at 70 key down up\n" +
-                             statesAt(20, 330) + "at 66 screenshot " + tmp.path("before.bmp") + "\nat 90 screenshot " +
-                             tmp.path("after.bmp") + "\n";
-  const RunResult r = runScript(script, "--seed 3 --log-stdout --frames 331");
+  const auto shot = [&](int frame, const char* name) {
+    return "at " + std::to_string(frame) + " screenshot " + tmp.path(name) + "\n";
+  };
+  // E, a click on the Surveyor's port engine marker ((215, 470) on the schematic), " X ".
+  std::string script = "at 0 state\nat 1 key down e\nat 2 key up e\n" + clickAt(4, 225, 520) + "at 11 state\n" +
+                       shot(11, "config.bmp") + clickAt(12, 775, 20) + "at 20 state\n";
+  // Tactical, Raise Shields; Bridge, Navigator, Maneuver.
+  script += clickRow(21, 3) + clickRow(29, 0) + "at 36 state\n" + shot(38, "command.bmp") + "at 52 state\n";
+  script += clickRow(40, 3) + clickRow(48, 2) + clickRow(56, 0);
+  script += "at 70 key down up\nat 85 key up up\nat 90 key down left\nat 108 key up left\nat 115 key down up\n" +
+            statesAt(65, 375) + shot(111, "before.bmp") + shot(135, "after.bmp");
+  const RunResult r = runScript(script, "--seed 3 --log-stdout --frames 376");
   ASSERT_EQ(r.status, 0) << r.err;
-  const std::vector<std::string> states = stateLines(r.out);
-  ASSERT_EQ(states.size(), 311u);
+  std::vector<std::string> states = stateLines(r.out);
+  ASSERT_EQ(states.size(), 316u);
+  const std::vector<std::string> early(states.begin(), states.begin() + 5);
+  states.erase(states.begin(), states.begin() + 5);
+
+  // The saved game: in Space four cells short of the home system, at system cell (140, 2).
+  EXPECT_NE(r.out.find(".\\Engines\\Kestrel.txt"), std::string::npos);
+  const std::pair<const char*, int> saved[] = {
+      {"mode", 0},           {"posX", 100 * 50 + 300}, {"posY", 96 * 50 + 300}, {"sysX", 140 * 50},
+      {"sysY", 2 * 50},      {"engineClass", 10},      {"powerPlantClass", 8},  {"shieldMax", 999},
+      {"hullCurrent", 70},   {"armorCurrent", 500},    {"fuel", 999},           {"cargoHoldCount", 4},
+      {"shieldCurrent", 220}};
+  for (const auto& [name, value] : saved) EXPECT_EQ(stateNumber(early[0], name), value) << name;
+  EXPECT_EQ(stateField(early[0], "shipName"), "\"Wandering Lark\"");
+  EXPECT_EQ(stateField(early[0], "weapons"), "[\"PulseLaser\",\"PulseLaser\",\"MiningLaser\"]");
+  EXPECT_EQ(stateFloats(early[0], "roverHold"), std::vector<float>(22, 0.0f));
+
+  // The configuration window with the engine selected, then closed.
+  EXPECT_EQ(std::pair(stateNumber(early[1], "configOpen"), stateNumber(early[1], "selectedComponent")),
+            std::pair(1, 1));
+  EXPECT_EQ(std::pair(stateNumber(early[2], "configOpen"), stateNumber(early[2], "selectedComponent")),
+            std::pair(0, 0));
+  const SurfacePtr config(SDL_LoadBMP(tmp.path("config.bmp").c_str()));
+  ASSERT_TRUE(config && config->w == 800 && config->h == 600);
+  EXPECT_EQ(pixelRGB(config.get(), 0, 300), 0x8080FFu);         // the window's frame
+  EXPECT_EQ(pixelRGB(config.get(), 540, 60), 0xFF4040u);        // the leader to the panel
+  EXPECT_EQ(pixelRGB(config.get(), 225 + 11, 520), 0xFFFFFFu);  // the selected engine's ring
+
+  // Shields raised: the Tactical menu of shields on, charging by the power plant's 8 a frame.
+  EXPECT_NE(r.out.find("\nmenu 5\n"), std::string::npos) << "Tactical with shields and weapons off";
+  EXPECT_EQ(std::tuple(stateNumber(early[3], "currentMenu"), stateNumber(early[3], "shieldsOnline"),
+                       stateNumber(early[3], "weaponsOnline"), stateNumber(early[4], "shieldsOnline")),
+            std::tuple(6, 1, 0, 1));
+  EXPECT_GT(stateNumber(early[3], "shieldCurrent"), 0);
+  EXPECT_EQ(stateNumber(early[4], "shieldCurrent") - stateNumber(early[3], "shieldCurrent"), 16 * 8);
+  // "Lower Shields" current with a white bullet, three grey ones, nothing below, nothing selected.
+  const SurfacePtr command(SDL_LoadBMP(tmp.path("command.bmp").c_str()));
+  ASSERT_TRUE(command);
+  EXPECT_EQ(pixelRGB(command.get(), 520, 265), 0xFFFFFFu);
+  for (int row = 1; row < 4; ++row) EXPECT_EQ(pixelRGB(command.get(), 520, 265 + 30 * row), 0x808080u) << row;
+  EXPECT_EQ(pixelRGB(command.get(), 520, 265 + 120) | pixelRGB(command.get(), 525, 270), 0u);
+
   const auto at = [&](std::size_t i, const char* name) { return stateNumber(states[i], name); };
   EXPECT_EQ(at(0, "maneuverOn"), 1) << "Navigator, Maneuver did not engage the controls";
-
   // Entering puts the ship on the edge its heading faces and finds the seven planets.
   std::size_t entered = 0;
   while (entered < states.size() && at(entered, "mode") != 1) ++entered;
   ASSERT_LT(entered, states.size()) << "the ship never entered the system";
-  EXPECT_EQ(at(entered, "sysX"), 140 * 50);
-  EXPECT_EQ(at(entered, "sysY"), 2 * 50);
-  EXPECT_EQ(at(entered, "speed"), 0);
+  EXPECT_EQ(std::tuple(at(entered, "sysX"), at(entered, "sysY"), at(entered, "speed")), std::tuple(140 * 50, 100, 0));
   EXPECT_EQ((at(entered, "posX") - 300) / 50, 100);
   EXPECT_EQ((at(entered, "posY") - 300) / 50, 100);
-  EXPECT_TRUE(std::regex_search(r.out, std::regex("Class: G, Ecosphere: [^\n]*, Planets: 7\n")))
-      << r.out.substr(0, 3000);
+  EXPECT_TRUE(std::regex_search(r.out, std::regex("Class: G, Ecosphere: [^\n]*, Planets: 7\n")));
   for (int lane = 0; lane < 10; ++lane)
     EXPECT_EQ(r.out.find("Planet detected at lane: " + std::to_string(lane)) != std::string::npos,
               lane != 3 && lane != 6 && lane != 8)
         << lane;
 
   // The plan shows the star and the ship's dot, which moves across the plan with it.
-  const std::string &before = states[66 - 20], &after = states[90 - 20];
+  const std::string &before = states[111 - 65], &after = states[135 - 65];
   ASSERT_EQ(stateNumber(after, "mode"), 1) << "the ship left the system too soon";
   ASSERT_GT(stateNumber(before, "sysX") / 50, stateNumber(after, "sysX") / 50 + 2) << "the ship hardly moved";
   const SurfacePtr first(SDL_LoadBMP(tmp.path("before.bmp").c_str())),
@@ -66,10 +103,8 @@ TEST(FlightEndToEnd, FliesIntoTheHomeSystemAcrossItsPlanAndOutAgain) {
   for (; left < states.size() && at(left, "mode") == 1; ++left)
     ASSERT_EQ(at(left, "sysY") / 50, 2) << "the ship drifted off the bottom row";
   ASSERT_LT(left, states.size()) << "the ship never left the system";
-  EXPECT_EQ(at(left, "mode"), 0) << "the ship went into orbit instead";
-  EXPECT_EQ(at(left - 1, "heading"), 90);
-  EXPECT_EQ(at(left, "posX"), 100 * 50 + 250);
-  EXPECT_EQ(at(left, "posY"), 100 * 50 + 300);
+  EXPECT_EQ(std::tuple(at(left, "mode"), at(left - 1, "heading")), std::tuple(0, 90));
+  EXPECT_EQ(std::pair(at(left, "posX"), at(left, "posY")), std::pair(100 * 50 + 250, 100 * 50 + 300));
   EXPECT_LE(at(left, "speed"), 2);  // Up, still held, gave one step since the stop
   EXPECT_LT(at(states.size() - 1, "posX"), 100 * 50 + 250);
 }

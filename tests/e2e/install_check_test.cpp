@@ -1,14 +1,5 @@
 // Installing the game into a prefix and checking data files, through the real binary.
-#include <gtest/gtest.h>
 #include <sys/wait.h>
-
-#include <algorithm>
-#include <cstdio>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
-#include <string>
-#include <vector>
 
 #include "support/test_support.h"
 

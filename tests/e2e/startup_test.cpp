@@ -1,10 +1,3 @@
-#include <SDL.h>
-#include <gtest/gtest.h>
-#include <unistd.h>
-
-#include <regex>
-#include <string>
-
 #include "support/test_support.h"
 
 TEST(Startup, VideoThatCannotStartEndsWithStatusOne) {

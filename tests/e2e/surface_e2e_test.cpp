@@ -2,30 +2,10 @@
 // around the planet richest in minerals, sweep it and read it, show the ship's
 // status, choose a site, descend, drive the rover over the deposits, launch,
 // and find the load in the ship.
-#include <gtest/gtest.h>
-
-#include <cstdio>
-#include <cstdlib>
-#include <string>
-#include <vector>
 
 #include "support/test_support.h"
-#include "ui/bitmap_font.h"
-#include "ui/font_builder.h"
-#include "universe/star_map.h"
 
 namespace {
-
-// Whether `text` in `font` shows on the screenshot at (x, y), pixel for pixel.
-bool showsText(SDL_Surface* shot, int x, int y, BitmapFont* font, const std::string& text) {
-  const int w = textWidth(font, text.c_str()), h = fontHeight(font);
-  SurfacePtr reference = blankSurface(w + 1, h);
-  printString(reference.get(), font, 0, 0, "%s", text.c_str());
-  for (int row = 0; row < h; ++row)
-    for (int col = 0; col < w; ++col)
-      if (pixelRGB(shot, x + col, y + row) != pixelRGB(reference.get(), col, row)) return false;
-  return true;
-}
 
 float sum(const std::vector<float>& v) {
   float s = 0;
@@ -59,7 +39,8 @@ TEST(SurfaceEndToEnd, SweepReadLandDriveCollectAndLaunch) {
   script += "at 70 screenshot " + tmp.path("status.bmp") + "\nat 70 state\n";
   script +=
       clickRow(71, 4) + clickRow(80, 0) + clickRow(89, 0) + clickRow(98, 0);  // Bridge, Captain, Land, Select Site
-  script += clickAt(107, 125, 80) + "at 115 state\n";                         // the site: cell (100, 60)
+  script += clickAt(107, 125, 80) + "at 115 state\nat 115 screenshot " + tmp.path("site.bmp") +
+            "\n";  // the site: cell (100, 60)
   // Select Site holds the command window still: click it off, then Descent.
   script += clickAt(117, 600, 270) + clickRow(126, 1) + "at 180 state\nat 181 state\n";
   script += clickRow(189, 4) + clickRow(198, 2) + clickRow(207, 0);  // Bridge, Navigator, Maneuver
@@ -104,22 +85,37 @@ TEST(SurfaceEndToEnd, SweepReadLandDriveCollectAndLaunch) {
   EXPECT_TRUE(showsText(readings.get(), after("Gravity: "), 55, value, gravity));
   EXPECT_TRUE(showsText(readings.get(), after("Temperature: "), 75, value, temperature));
   EXPECT_TRUE(showsText(readings.get(), after("Mineral Density: "), 95, value, std::to_string(planet->MineralDensity)));
+  // The sweep fills the analysis, and the wire globe turns beside the readings.
+  const Planet& p = *planet;
+  EXPECT_EQ(stateField(swept, "analysisLines"), std::string("[\"Atmosphere: ") + p.Atmos[0] + ", " + p.Atmos[1] + ", " +
+                                                    p.Atmos[2] + "\",\"Hydrosphere: " + p.Hydro +
+                                                    "\",\"Lithosphere: " + p.Litho[0] + ", " + p.Litho[1] + ", " +
+                                                    p.Litho[2] + "\",\"Global Weather: " + p.Weather + "\"]");
+  int wire = 0;
+  for (int i = 0; i < 110 * 110; ++i) {
+    const Uint32 c = pixelRGB(readings.get(), 595 + i % 110, 120 + i / 110);
+    wire += (c >> 8 & 0xFF) > 0x80 && (c >> 16) < 0x40 && (c & 0xFF) < 0x40;
+  }
+  EXPECT_GT(wire, 0) << "no green wire globe";
   clearStarMap(starMap);
+  // Choosing the site shows the pointer's and the site's coordinates: map cell (100, 60).
+  const SurfacePtr siteShot(SDL_LoadBMP(tmp.path("site.bmp").c_str()));
+  ASSERT_TRUE(siteShot);
+  for (int y : {340, 370}) EXPECT_TRUE(showsText(siteShot.get(), 425, y, fontTable.fonts[2], "30'N 80'W")) << y;
   EXPECT_EQ(stateNumber(status, "showShipStatus"), 1);
   const SurfacePtr statusShot(SDL_LoadBMP(tmp.path("status.bmp").c_str()));
   ASSERT_TRUE(statusShot);
   EXPECT_TRUE(showsText(statusShot.get(), 515, 25, fontTable.fonts[2], "Ship Class   : Surveyor"));
 
-  EXPECT_EQ(stateNumber(sited, "currentMenu"), 11);
-  EXPECT_EQ(stateNumber(descending, "mode"), 2) << "49 frames of descent";
-  EXPECT_EQ(stateNumber(descending, "descentRunning"), 1);
-  EXPECT_EQ(stateNumber(landed, "mode"), 3) << "landed after 50 frames";
-  EXPECT_EQ(stateNumber(landed, "currentMenu"), 2);
-  EXPECT_EQ(stateNumber(driven, "mode"), 3);
+  // Descent for 50 frames, the drive, the launch for 50 and back in orbit after 51.
+  const std::pair<const std::string*, std::vector<int>> steps[] = {
+      {&sited, {2, 11, 0, 0}}, {&descending, {2, 11, 1, 0}}, {&landed, {3, 2, 0, 0}},
+      {&driven, {3, 4, 0, 0}}, {&launching, {3, 2, 0, 1}},   {&launched, {2, 1, 0, 0}}};
+  for (const auto& [s, want] : steps)
+    EXPECT_EQ((std::vector{stateNumber(*s, "mode"), stateNumber(*s, "currentMenu"), stateNumber(*s, "descentRunning"),
+                           stateNumber(*s, "launchRunning")}),
+              want);
   EXPECT_EQ(stateNumber(driven, "heading"), 90);
-  EXPECT_EQ(stateNumber(launching, "launchRunning"), 1) << "50 frames of launch";
-  EXPECT_EQ(stateNumber(launched, "mode"), 2) << "back in orbit after 51 frames";
-  EXPECT_EQ(stateNumber(launched, "currentMenu"), 1);
 
   // Free space is capacity less the load, in both holds, at every step.
   const float capacity = number(start, "shipHoldCapacity");

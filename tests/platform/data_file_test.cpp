@@ -1,6 +1,5 @@
 #include "platform/data_file.h"
 
-#include "platform/data_path.h"
 #include "platform/text.h"
 #include "support/test_support.h"
 

@@ -1,10 +1,3 @@
-#include "platform/data_path.h"
-
-#include <gtest/gtest.h>
-
-#include <filesystem>
-#include <string>
-
 #include "support/test_support.h"
 
 // <tmp>/prefix/bin/prospector finds <tmp>/prefix/share/prospector before <tmp>/here, the current directory.
@@ -20,7 +13,7 @@ TEST(DataDir, InstalledDataFirstThenTheCurrentDirectory) {
     std::filesystem::create_directories(here);
     if (c.installed) tmp.write("prefix/share/prospector/NewGame.sav", "Surveyor\n");
     if (c.here) tmp.write("here/NewGame.sav", "Surveyor\n");
-    std::string looked;
+    std::string looked = "left from before";
     const std::string expected = c.expected == std::string("prefix") ? installed
                                  : c.expected == std::string("here") ? here
                                                                      : "";

@@ -1,9 +1,6 @@
 #include "platform/input_script.h"
 
-#include <SDL.h>
-#include <gtest/gtest.h>
-
-#include <string>
+#include "support/test_support.h"
 
 namespace {
 

@@ -1,9 +1,6 @@
 #include "platform/options.h"
 
-#include <gtest/gtest.h>
-
-#include <string>
-#include <vector>
+#include "support/test_support.h"
 
 namespace {
 

@@ -1,8 +1,4 @@
-#include "platform/random.h"
-
-#include <gtest/gtest.h>
-
-#include <algorithm>
+#include "support/test_support.h"
 
 TEST(RandomGenerator, FollowsTheIsoSampleSequenceAndRepeatsForASeed) {
   seedRandom(1);

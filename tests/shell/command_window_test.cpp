@@ -1,19 +1,4 @@
-#include "shell/command_window.h"
-
-#include <gtest/gtest.h>
-
-#include <string>
-#include <vector>
-
-#include "base/screen.h"
-#include "shell/main_loop.h"
-#include "shell/mode_frames.h"
-#include "shell/orbit.h"
-#include "shell/screen_layout.h"
-#include "shell/state_dump.h"
-#include "ship/ship.h"
 #include "support/test_support.h"
-#include "ui/font_builder.h"
 
 namespace {
 
@@ -86,4 +71,16 @@ TEST_F(CommandWindowTest, TacticalMenusFollowTheShieldsAndWeapons) {
     EXPECT_EQ(log.saw("menu 5"), c.menu == 0 && c.after[0] == 5);
     EXPECT_EQ(log.saw("menu 8"), c.menu == 0 && c.after[0] == 8);
   }
+}
+
+TEST_F(CommandWindowTest, TheItemUnderThePointerIsBrightTheOthersGreyAndTextIsLeftCurrent) {
+  moveTo(2);
+  setCurrentFont(fontTable.fonts[0]);
+  SDL_FillRect(screen, nullptr, 0);
+  drawCommandWindow(screen);
+  const char* items[] = {"Captain", "Science", "Navigator", "Tactical", "Engineering", "Communication"};
+  for (int row = 0; row < 6; ++row)
+    EXPECT_TRUE(showsText(screen, 545, 262 + 30 * row, fontTable.fonts[row == 2 ? 13 : 14], items[row], 1000, true))
+        << items[row];
+  EXPECT_EQ(currentFont(), fontTable.fonts[2]);
 }

@@ -1,23 +1,6 @@
 #include "shell/flight.h"
 
-#include <gtest/gtest.h>
-
-#include <tuple>
-#include <utility>
-#include <vector>
-
-#include "base/game_state.h"
-#include "base/screen.h"
-#include "shell/command_window.h"
-#include "shell/main_loop.h"
-#include "shell/mode_frames.h"
-#include "shell/orbit.h"
-#include "shell/screen_layout.h"
-#include "shell/state_dump.h"
-#include "ship/ship.h"
 #include "support/test_support.h"
-#include "surface/globe.h"
-#include "universe/star_map.h"
 
 // Designated initializers set just the fields a case needs; the rest keep their defaults.
 #pragma GCC diagnostic ignored "-Wmissing-field-initializers"
@@ -59,8 +42,9 @@ TEST(FlightPlacement, EntryAndPlanetCells) {
   ensureScreen();
   const struct {
     int heading, x, y;
-  } entries[] = {{0, 140, 2},  {90, 278, 122}, {180, 140, 243}, {270, 2, 122}, {15, 140, 2},  {20, 210, 2},
-                 {45, 210, 2}, {50, 278, 60},  {345, 70, 2},    {350, 140, 2}, {225, 70, 243}};
+  } entries[] = {{0, 140, 2},   {90, 278, 122},  {180, 140, 243}, {270, 2, 122}, {15, 140, 2},   {20, 210, 2},
+                 {45, 210, 2},  {50, 278, 60},   {345, 70, 2},    {350, 140, 2}, {225, 70, 243}, {300, 2, 60},
+                 {240, 2, 182}, {120, 278, 182}, {285, 2, 122},   {286, 2, 60}};
   for (const auto& e : entries) {
     std::pair<int, int> cell;
     systemEntryCell(e.heading, cell.first, cell.second);

@@ -1,20 +1,7 @@
 // The debug log and the player's messages: rings of 1000 lines, the message strip,
 // and the large windows that scroll back through them.
-#include <gtest/gtest.h>
 
-#include <string>
-
-#include "base/debug_log.h"
-#include "base/message_window.h"
-#include "base/screen.h"
-#include "shell/main_loop.h"
-#include "shell/mode_frames.h"
-#include "shell/orbit.h"
-#include "shell/screen_layout.h"
-#include "shell/state_dump.h"
 #include "support/test_support.h"
-#include "ui/bitmap_font.h"
-#include "ui/font_builder.h"
 
 namespace {
 

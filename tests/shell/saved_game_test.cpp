@@ -1,18 +1,6 @@
 #include "shell/saved_game.h"
 
-#include <gtest/gtest.h>
-
-#include <cstdio>
-#include <filesystem>
-#include <string>
-#include <tuple>
-#include <utility>
-
-#include "base/game_state.h"
-#include "ship/ship.h"
 #include "support/test_support.h"
-#include "universe/planet.h"
-#include "universe/star_map.h"
 
 // Designated initializers set just the fields a case needs; the rest keep their defaults.
 #pragma GCC diagnostic ignored "-Wmissing-field-initializers"
@@ -66,22 +54,6 @@ TEST_F(SavedGameTest, LinesAreCountedPastCommentsThroughBothHolds) {
   EXPECT_EQ(std::pair(playerShip.fuel, playerShip.shield.shieldCurrent), std::pair(999, 220));
 }
 
-TEST_F(SavedGameTest, HoldListsMixSeparatorsAndStopAtTheTwentySecondNumber) {
-  ASSERT_TRUE(loadBare("1\n1\n1\n1\n0\n0", "10, 5.5 0\n\t4,\t,4  \n"));
-  EXPECT_EQ(playerShip.hardPointCount, 0);
-  EXPECT_EQ(std::tuple(playerShip.shipHold[1], playerShip.shipHoldFree), std::tuple(5.5f, 100.0f - 15.5f));
-  EXPECT_EQ(std::tuple(playerShip.roverHold[1], playerShip.roverHoldFree), std::tuple(4.0f, 42.0f));
-
-  std::string hold;
-  for (int i = 1; i <= 25; ++i) hold += i == 22 ? "2 " : "1 ";
-  LogWatch log;
-  ASSERT_TRUE(loadBare("1\n1\n1\n1\n0\n0", hold + "\n" + hold + "\n"));
-  EXPECT_EQ(playerShip.shipHold[21], 2.0f);
-  EXPECT_EQ(playerShip.roverHoldFree, 50.0f - 23.0f) << "twenty-one ones and the 2 of slot 22";
-  EXPECT_TRUE(log.saw("25 numbers on the ship's hold line"));
-  EXPECT_TRUE(log.saw("25 numbers on the rover's hold line"));
-}
-
 TEST_F(SavedGameTest, MissingOrShortFilesStopWhereTheyEnd) {
   gameState.posX = 1234;
   EXPECT_FALSE(loadGame("NoSuch.sav"));
@@ -98,27 +70,27 @@ TEST_F(SavedGameTest, ValuesOutsideTheirRangesFallBackWithALogLine) {
   const struct {
     const char* cells;
     int mode, sysX, sysY;
-    const char* logged;  // nullptr: nothing is far outside
-  } cases[] = {
-      {"1\n1\n1\n1\n0\n7", Space, 50, 50, "mode 7 is not 0 to 3"},
-      {"1\n1\n1\n1\n12\n2", Space, 50, 50, "planet slot 12 is not 0 to 9"},
-      {"1\n1\n1\n1\n-1\n1", Space, 50, 50, "planet slot -1 is not 0 to 9"},
-      {"-4\n99999999999\n400\n-2\n0\n0", Space, 281 * 50, -50, "star-map x cell -4 is off the map"},
-      {"-4\n99999999999\n400\n-2\n0\n0", Space, 281 * 50, -50,
-       "system x cell 400 is far outside the system; using 281"},
-      {"-4\n99999999999\n400\n-2\n0\n0", Space, 281 * 50, -50, "system y cell -2 is far outside the system; using -1"},
-      {"100\n100\n281\n122\n0\n1", System, 281 * 50, 122 * 50, nullptr},
-      {"100\n100\n-1\n122\n0\n1", System, -50, 122 * 50, nullptr},
-      {"100\n100\n140\n246\n0\n1", System, 140 * 50, 246 * 50, nullptr},
-      {"100\n100\n140\n-1\n0\n1", System, 140 * 50, -50, nullptr},
-      {"100\n100\n280\n245\n0\n1", System, 280 * 50, 245 * 50, nullptr}};
+    std::vector<const char*> logged;  // none: nothing is far outside
+  } cases[] = {{"1\n1\n1\n1\n0\n7", Space, 50, 50, {"mode 7 is not 0 to 3"}},
+               {"1\n1\n1\n1\n12\n2", Space, 50, 50, {"planet slot 12 is not 0 to 9"}},
+               {"1\n1\n1\n1\n-1\n1", Space, 50, 50, {"planet slot -1 is not 0 to 9"}},
+               {"-4\n99999999999\n400\n-2\n0\n0",
+                Space,
+                281 * 50,
+                -50,
+                {"star-map x cell -4 is off the map", "system x cell 400 is far outside the system; using 281",
+                 "system y cell -2 is far outside the system; using -1"}},
+               {"100\n100\n281\n122\n0\n1", System, 281 * 50, 122 * 50, {}},
+               {"100\n100\n-1\n-1\n0\n1", System, -50, -50, {}},
+               {"100\n100\n280\n246\n0\n1", System, 280 * 50, 246 * 50, {}}};
   for (const auto& c : cases) {
     LogWatch log;
     ASSERT_TRUE(loadBare(c.cells, "0\n0\n"));
     EXPECT_EQ(std::tuple(gameState.mode, gameState.currentPlanet, gameState.sysX, gameState.sysY),
               std::tuple(c.mode, 0, c.sysX, c.sysY))
         << c.cells;
-    EXPECT_TRUE(c.logged ? log.saw(c.logged) : !log.saw("far outside")) << c.cells;
+    for (const char* line : c.logged) EXPECT_TRUE(log.saw(line)) << line;
+    EXPECT_TRUE(!c.logged.empty() || !log.saw("far outside")) << c.cells;
   }
   loadBare("-4\n99999999999\n400\n-2\n0\n0", "0\n0\n");  // star-map cells are pulled onto the grid
   EXPECT_EQ(std::pair(gameState.posX, gameState.posY), std::pair(300, 499 * 50 + 300));
@@ -140,9 +112,7 @@ TEST_F(SavedGameTest, HoldAmountsThatAreNotFiniteOrDoNotFitAreLoggedAndLeftEmpty
        "Test.sav line 12: ship's hold amount nan is not 0 to 100.00 CU; slot 1 left empty"},
       {"1 inf\n0\n", "1", "", 99, 50,
        "Test.sav line 12: ship's hold amount inf is not 0 to 99.00 CU; slot 2 left empty"},
-      {"1e39 2\n0\n", "0 2", "", 98, 50, "Test.sav line 12: ship's hold amount 1e39 is not 0 to 100.00 CU; slot 1"},
       {"-0.5, 2\n0\n", "0 2", "", 98, 50, "Test.sav line 12: ship's hold amount -0.5 is not 0 to 100.00 CU; slot 1"},
-      {"-inf -nan\n0\n", "", "", 100, 50, "ship's hold amount -nan is not 0 to 100.00 CU; slot 2"},
       {"60 50 40\n0\n", "60 0 40", "", 0, 50, "Test.sav line 12: ship's hold amount 50 is not 0 to 40.00 CU; slot 2"},
       {"100\n-inf 50 1\n", "100", "0 50", 0, 0, "Test.sav line 13: rover's hold amount 1 is not 0 to 0.00 CU; slot 3"},
       {"0\n49.5 0.25 0.25\n", "", "49.5 0.25 0.25", 100, 0, nullptr},

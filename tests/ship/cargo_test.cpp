@@ -2,20 +2,9 @@
 // repeat delay, jettison, the close button and the drawn rows.
 #include "ship/cargo.h"
 
-#include <SDL.h>
 #include <SDL_image.h>
-#include <gtest/gtest.h>
 
-#include <cstdio>
-#include <string>
-
-#include "base/game_state.h"
-#include "base/screen.h"
-#include "platform/data_path.h"
-#include "ship/ship.h"
 #include "support/test_support.h"
-#include "ui/bitmap_font.h"
-#include "ui/font_builder.h"
 
 namespace {
 
@@ -48,22 +37,6 @@ class CargoTest : public GameTest {
 
   Ship ship;
 };
-
-// How `text` looks in font entry 2 at (x, y) on black, to compare a screen region with.
-SurfacePtr referenceText(int x, int y, const char* text) {
-  SurfacePtr s = blankSurface(800, 600);
-  setCurrentFont(fontTable.fonts[2]);
-  printString(s.get(), x, y, "%s", text);
-  return s;
-}
-
-// Whether the screen shows exactly what the reference shows in the box.
-bool sameRegion(SDL_Surface* reference, int x1, int y1, int x2, int y2) {
-  for (int y = y1; y < y2; ++y)
-    for (int x = x1; x < x2; ++x)
-      if (pixelRGB(screen, x, y) != pixelRGB(reference, x, y)) return false;
-  return true;
-}
 
 TEST(CargoHold, OperationsKeepFreeSpaceEqualToCapacityLessContents) {
   const struct {
@@ -173,8 +146,7 @@ TEST_F(CargoTest, MotionMarksTheOneArrowUnderThePointer) {
                {150, 100, -1, 0},
                {335, 100, -1, 0},
                {125, 69, -1, 0},
-               {125, 510, -1, 0},
-               {340, 510, -1, 0}};
+               {125, 510, -1, 0}};
   for (const auto& c : cases) {
     cargoMouseMotion(c.x, c.y);
     int set = 0;
@@ -210,23 +182,18 @@ TEST_F(CargoTest, AmountsAndTotalsAreDrawnInTheirFormats) {
     const char* text;
   } rows[] = {{0, 9.99f, "/  9.99 CU"}, {1, 10.0f, "/ 10.00 CU"}, {2, 100.0f, "/100.00 CU"}};
   for (const auto& r : rows) ship.shipHold[r.mineral] = r.amount;
-  const int h = fontTable.heights[2];
+  BitmapFont* text = fontTable.fonts[2];
   for (float capacity : {999.99f, 50.0f}) {
     ship.shipHoldCapacity = capacity;
     SDL_FillRect(screen, nullptr, 0);
     drawShipHold(screen);
     drawRoverHold(screen);
-    for (const auto& r : rows) {
-      const int y = 70 + 20 * r.mineral;
-      EXPECT_TRUE(sameRegion(referenceText(203, y, r.text).get(), 203, y, 320, y + h)) << r.text;
-    }
-    const char* total = capacity > 100.0f ? "/999.99 CU" : "/ 50.00 CU";
-    EXPECT_TRUE(sameRegion(referenceText(203, 520, total).get(), 203, 520, 320, 520 + h)) << total;
-    EXPECT_TRUE(sameRegion(referenceText(403, 520, "/ 50.00 CU").get(), 403, 520, 800, 520 + h)) << "rover";
+    for (const auto& r : rows) EXPECT_TRUE(showsText(screen, 203, 70 + 20 * r.mineral, text, r.text)) << r.text;
+    EXPECT_TRUE(showsText(screen, 203, 520, text, capacity > 100.0f ? "/999.99 CU" : "/ 50.00 CU")) << capacity;
+    EXPECT_TRUE(showsText(screen, 403, 520, text, "/ 50.00 CU")) << "rover";
   }
   // The selection ends at x = 203: "0.00" right-aligned against it.
-  const int w = textWidth(fontTable.fonts[2], "0.00");
-  EXPECT_TRUE(sameRegion(referenceText(203 - w, 70, "0.00").get(), 160, 70, 203, 70 + h));
+  EXPECT_TRUE(showsText(screen, 203 - textWidth(text, "0.00"), 70, text, "0.00"));
 }
 
 // The green frame is checked through the game; here the arrow under the pointer

@@ -1,14 +1,6 @@
-#include "ship/ship.h"
-
 #include <SDL_gfxPrimitives.h>
 
-#include <algorithm>
 #include <climits>
-#include <cstdio>
-#include <cstring>
-#include <filesystem>
-#include <string>
-#include <vector>
 
 #include "base/data_problems.h"
 #include "support/test_support.h"
@@ -227,19 +219,6 @@ TEST(ShipImagesGame, BlueprintPartsSitUnderTheirMarkersAndSpritesAndArrowsLookRi
     SurfacePtr image(SDL_LoadBMP(path));
     ASSERT_TRUE(image && image->h == image->w + taller && image->w >= minSize && image->w <= maxSize) << path;
     EXPECT_TRUE(pixelRGB(image.get(), 0, 0) == 0 && pixelRGB(image.get(), image->w / 2, image->h / 2) != 0) << path;
-  }
-  // An arrow head is a button's one pale colour; its wide base is at the bottom of Up, the top of Down.
-  auto pale = [](const SurfacePtr& s, int y) {
-    int n = 0;
-    for (int x = 2; x < 12; ++x) n += channels(s.get(), x, y).first >= 130;
-    return n;
-  };
-  for (std::string look : {"norm", "highlight", "select"}) {
-    SurfacePtr up(SDL_LoadBMP(("Buttons/Up_" + look + ".bmp").c_str()));
-    SurfacePtr down(SDL_LoadBMP(("Buttons/Down_" + look + ".bmp").c_str()));
-    ASSERT_TRUE(up && down && up->w == 14 && up->h == 14 && down->w == 14 && down->h == 14) << look;
-    EXPECT_NE(pixelRGB(up.get(), 0, 0), 0u) << look << ": the border shows";
-    EXPECT_TRUE(pale(up, 9) > pale(up, 4) && pale(down, 4) > pale(down, 9)) << look;
   }
 }
 

@@ -1,38 +1,13 @@
 #include "support/test_support.h"
 
 #include <sys/wait.h>
-#include <unistd.h>
 
-#include <cstdio>
-#include <cstdlib>
-#include <cstring>
-#include <filesystem>
-#include <fstream>
-#include <regex>
 #include <sstream>
-
-#include "base/debug_log.h"
-#include "base/game_state.h"
-#include "base/message_window.h"
-#include "base/screen.h"
-#include "shell/command_window.h"
-#include "shell/main_loop.h"
-#include "shell/mode_frames.h"
-#include "shell/orbit.h"
-#include "shell/screen_layout.h"
-#include "shell/state_dump.h"
-#include "surface/globe.h"
-#include "ui/font_builder.h"
 
 void ensureScreen() {
   if (screen) return;
-  if (SDL_Init(SDL_INIT_VIDEO) < 0) {
-    std::fprintf(stderr, "test: SDL_Init failed: %s\n", SDL_GetError());
-    std::exit(1);
-  }
-  screen = SDL_SetVideoMode(800, 600, 32, 0);
-  if (!screen) {
-    std::fprintf(stderr, "test: SDL_SetVideoMode failed: %s\n", SDL_GetError());
+  if (SDL_Init(SDL_INIT_VIDEO) < 0 || !(screen = SDL_SetVideoMode(800, 600, 32, 0))) {
+    std::fprintf(stderr, "test: no headless screen: %s\n", SDL_GetError());
     std::exit(1);
   }
   fillTrigTables();
@@ -80,6 +55,26 @@ Uint32 pixelRGB(SDL_Surface* surface, int x, int y) {
   Uint8 r, g, b;
   SDL_GetRGB(raw, surface->format, &r, &g, &b);
   return (Uint32(r) << 16) | (Uint32(g) << 8) | b;
+}
+
+bool showsText(SDL_Surface* shown, int x, int y, BitmapFont* font, const std::string& text, int width, bool litOnly,
+               int rows) {
+  const int w = std::min(textWidth(font, text.c_str()), width), h = std::min(fontHeight(font), rows);
+  SurfacePtr reference = blankSurface(w + 1, fontHeight(font));
+  printString(reference.get(), font, 0, 0, "%s", text.c_str());
+  for (int row = 0; row < h; ++row)
+    for (int col = 0; col < w; ++col)
+      if (const Uint32 want = pixelRGB(reference.get(), col, row);
+          (want || !litOnly) && pixelRGB(shown, x + col, y + row) != want)
+        return false;
+  return w > 0;
+}
+
+int litPixels(SDL_Surface* surface, int x1, int y1, int x2, int y2) {
+  int lit = 0;
+  for (int y = y1; y < y2; ++y)
+    for (int x = x1; x < x2; ++x) lit += pixelRGB(surface, x, y) != 0;
+  return lit;
 }
 
 SurfacePtr blankSurface(int w, int h) {
@@ -192,14 +187,8 @@ std::string dataCopyWithSave(const TempDir& tmp, int mode, int starX, int starY,
                              const std::string& shipHold, const std::string& roverHold) {
   const std::string data = dataCopy(tmp);
   // The saved game's lines without comments: ship, name, star cell, system cell, planet, mode, ...
-  std::vector<std::string> fields = {"",
-                                     "",
-                                     std::to_string(starX),
-                                     std::to_string(starY),
-                                     std::to_string(systemX),
-                                     std::to_string(systemY),
-                                     std::to_string(planet),
-                                     std::to_string(mode)};
+  std::vector<std::string> fields = {"", ""};
+  for (int value : {starX, starY, systemX, systemY, planet, mode}) fields.push_back(std::to_string(value));
   std::ifstream shipped(data + "/NewGame.sav");
   std::vector<std::string> lines;
   for (std::string line; std::getline(shipped, line);)

@@ -1,13 +1,46 @@
 #pragma once
+// Tests include this one header for what nearly all of them use.
 #include <SDL.h>
 #include <gtest/gtest.h>
+#include <unistd.h>
 
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
 #include <memory>
+#include <regex>
 #include <string>
+#include <tuple>
+#include <utility>
 #include <vector>
 
+#include "base/debug_log.h"
+#include "base/game_state.h"
+#include "base/message_window.h"
+#include "base/screen.h"
+#include "platform/data_path.h"
+#include "platform/random.h"
 #include "platform/surface_ptr.h"
+#include "shell/command_window.h"
+#include "shell/main_loop.h"
+#include "shell/mode_frames.h"
+#include "shell/orbit.h"
+#include "shell/screen_layout.h"
+#include "shell/state_dump.h"
+#include "ship/ship.h"
+#include "surface/globe.h"
+#include "surface/surface_map.h"
+#include "surface/terrain.h"
+#include "ui/bitmap_font.h"
+#include "ui/font_builder.h"
+#include "universe/navigation.h"
+#include "universe/planet.h"
 #include "universe/star_map.h"
+#include "universe/viewing_tree.h"
 
 // Opens the headless 800 x 600 x 32 screen once per test program, builds the
 // fonts and sets up the log and message windows; tests run in the built data
@@ -35,6 +68,15 @@ class TempDir {
 
 // Reads a pixel of a 32-bit surface as 0xRRGGBB.
 Uint32 pixelRGB(SDL_Surface* surface, int x, int y);
+
+struct BitmapFont;
+// Whether `text`, printed alone in `font` on black, shows on `shown` at (x, y): every pixel of
+// its box, at most `width` columns and `rows` rows of it, is the same; or, where the box
+// overlaps other drawing (`litOnly`), every lit pixel of the text.
+bool showsText(SDL_Surface* shown, int x, int y, BitmapFont* font, const std::string& text, int width = 1000,
+               bool litOnly = false, int rows = 1000);
+// The number of pixels not black in the box [x1, x2) x [y1, y2).
+int litPixels(SDL_Surface* surface, int x1, int y1, int x2, int y2);
 
 // Runs the game binary with arguments in the built data directory; returns its exit status.
 struct RunResult {

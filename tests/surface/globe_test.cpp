@@ -1,18 +1,6 @@
-#include "surface/globe.h"
-
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <cstdio>
-#include <memory>
 #include <set>
-#include <tuple>
 
-#include "base/screen.h"
-#include "platform/random.h"
 #include "support/test_support.h"
-#include "surface/terrain.h"
-#include "universe/navigation.h"
 #include "universe/orbit_view.h"
 
 namespace {
@@ -151,9 +139,13 @@ TEST_F(GlobeTest, PlanetImagesTakeTheNextAnglesAndAZoomByGravity) {
   SurfacePtr globe(renderGlobe(*surface, 0, "None"));
   for (auto [x, y] : {std::pair{90, 90}, {10, 90}, {120, 40}, {0, 0}})
     EXPECT_EQ(pixelRGB(o->Planets[9]->ViewImage, x, y), pixelRGB(globe.get(), x, y));
-  // Entering again makes new images with the next angles; leaving frees them.
+  // Entering again frees the old images and makes new ones with the next angles; leaving frees them.
+  SDL_Surface *oldOrbit = o->Planets[7]->OrbitImage, *oldView = o->Planets[7]->ViewImage;
+  ++oldOrbit->refcount, ++oldView->refcount;  // kept alive here to see them released
   buildPlanetImages(o);
   EXPECT_EQ(angleCursor, 15);
+  EXPECT_EQ(std::pair(oldOrbit->refcount, oldView->refcount), std::pair(1, 1));
+  SDL_FreeSurface(oldOrbit), SDL_FreeSurface(oldView);
   releasePlanetImages(o);
   for (const auto& l : lanes) EXPECT_TRUE(!o->Planets[l.lane]->ViewImage && !o->Planets[l.lane]->OrbitImage);
   buildPlanetImages(nullptr);

@@ -4,25 +4,10 @@
 #include "surface/rover.h"
 
 #include <SDL_gfxPrimitives.h>
-#include <gtest/gtest.h>
 
-#include <cmath>
-#include <cstring>
 #include <numeric>
-#include <tuple>
-#include <vector>
 
-#include "base/game_state.h"
-#include "base/message_window.h"
-#include "base/screen.h"
-#include "platform/random.h"
-#include "shell/command_window.h"
-#include "shell/mode_frames.h"
-#include "ship/ship.h"
 #include "support/test_support.h"
-#include "surface/surface_map.h"
-#include "surface/terrain.h"
-#include "ui/font_builder.h"
 #include "universe/viewscreen.h"
 
 namespace {
@@ -47,10 +32,6 @@ class RoverTest : public GameTest {
   int messagesSince(int start) const { return messageWindow.writeIndex - start; }
   Planet planet;
 };
-
-// Screen position of the centre of the tile `columns` and `rows` cells from the rover's.
-int tileScreenX(int columns) { return 10 * (15 + columns) + 5 - 10 + 10; }
-int tileScreenY(int rows) { return 10 * (10 + rows) + 5 - 10 + 310; }
 
 }  // namespace
 
@@ -78,28 +59,11 @@ TEST_F(RoverTest, CollectionTakesWhatTheHoldHasRoomFor) {
       EXPECT_STREQ(lastMessage(), c.message);
     }
   }
-}
-
-TEST_F(RoverTest, ViewDrawsTilesAndDepositsAroundTheRover) {
-  for (int x = 0; x < 360; ++x)
-    for (int y = 0; y < 180; ++y) terrain.cells[x * 180 + y] = static_cast<std::uint8_t>(x % 100 + y % 50 + 20);
-  // Two cells east, the cell three north of the map's top (row 177, wrapped),
-  // an emptied one, and the last tile that reaches the screen (the view's
-  // last column and row are cut off by the copy).
-  roverPosition = SurfacePoint{1800, 10};
-  MineralDepositList deposits = {{182, 1, 2, 4.0f}, {181, 178, 5, 4.0f}, {178, 1, 6, 0.0f}, {193, 10, 9, 1.0f}};
-  drawSurfaceView(screen, &planet, 255, 0, 0, 0, deposits);
-  auto shade = [](int x, int y) { return static_cast<Uint32>(x % 100 + y % 50 + 20) << 8; };
-  // A plain tile (-12, 3) cells away, up to its last column, which the next tile's box covers.
-  EXPECT_EQ(pixelRGB(screen, tileScreenX(-12) - 5, tileScreenY(3) - 5), shade(168, 4));
-  EXPECT_EQ(pixelRGB(screen, tileScreenX(-12) + 4, tileScreenY(3) + 4), shade(168, 4));
-  EXPECT_EQ(pixelRGB(screen, tileScreenX(-12) + 5, tileScreenY(3)), shade(169, 4));
-  // A deposit shows its mineral at the tile's centre: the bright ring of radius 3.
-  EXPECT_EQ(pixelRGB(screen, tileScreenX(2) + 3, tileScreenY(0)), mineralColor(2, 255) >> 8);
-  EXPECT_EQ(pixelRGB(screen, tileScreenX(1) - 3, tileScreenY(-3)), mineralColor(5, 255) >> 8);
-  EXPECT_EQ(pixelRGB(screen, tileScreenX(13), tileScreenY(9) - 3), mineralColor(9, 255) >> 8);
-  EXPECT_EQ(pixelRGB(screen, tileScreenX(-2) + 3, tileScreenY(0)), shade(178, 1)) << "emptied deposit drawn";
-  EXPECT_EQ(std::pair(landingSite.x, landingSite.y), std::pair(180, 1));
+  MineralDeposit deposit{0, 0, 1, 5.0f};
+  playerShip.roverHoldFree = 0.0f;
+  EXPECT_FALSE(collectDeposit(deposit)) << "a full hold takes nothing";
+  playerShip.roverHoldFree = 1.0f;
+  EXPECT_TRUE(collectDeposit(deposit));
 }
 
 // The view word for word: every tile walks the whole list. The quick view must
@@ -135,7 +99,8 @@ TEST_F(RoverTest, QuickViewDrawsWhatTheWholeListWalkDraws) {
     for (int y = 0; y < 180; ++y)
       if (nextRandom() % 3 == 0)
         deposits.push_back({x, y, static_cast<std::uint8_t>(nextRandom() % 22), (nextRandom() % 1000) / 100.0f});
-  deposits.push_back({3, 176, 4, 1.0f});  // a second deposit in a cell, drawn over the first
+  deposits.push_back({3, 176, 4, 1.0f});   // a second deposit in a cell, drawn over the first
+  deposits.push_back({180, 91, 6, 0.0f});  // an emptied one over it, not drawn
   const SDL_PixelFormat* f = surfaceWorkSurface->format;
   const SurfacePtr view(SDL_CreateRGBSurface(SDL_SWSURFACE, 300, 210, 32, f->Rmask, f->Gmask, f->Bmask, f->Amask));
   const SurfacePtr want = blankSurface(800, 600);
@@ -182,7 +147,7 @@ TEST_F(RoverTest, LaunchTransferLeavesWhatTheShipCannotTake) {
             (std::vector{0.0f, 2.0f, 48.0f}));
 }
 
-TEST_F(RoverTest, ExhaustStreaksStepFadeAndRespawn) {
+TEST_F(RoverTest, ExhaustStreaksStepFadeAndStartAgain) {
   setAltitude(255);
   const int ages[] = {0, 5, 9, 10, 12, 14}, offsets[] = {-9, -6, -3, 0, 3, 6};
   for (int i = 0; i < 6; ++i) {
@@ -199,28 +164,16 @@ TEST_F(RoverTest, ExhaustStreaksStepFadeAndRespawn) {
   for (int i = 0; i < 6; ++i) {
     EXPECT_EQ(exhaustStreaks[i].offset, movedOffsets[i]);
     EXPECT_EQ(exhaustStreaks[i].age, ages[i] + 1);
+    // Each streak is a line from 408 to 433 of (128, 128, 255) at its age's alpha, below the rover's picture.
     const Uint32 p = pixelRGB(screen, 150 + movedOffsets[i], 410);
     EXPECT_NEAR(static_cast<int>(p & 0xFF), 255 * alphas[i] / 256, 1) << i;
-    EXPECT_NEAR(static_cast<int>(p >> 16), 128 * alphas[i] / 256, 1) << i;
-    EXPECT_EQ(pixelRGB(screen, 150 + movedOffsets[i], 407), 0u);
-    EXPECT_NE(pixelRGB(screen, 150 + movedOffsets[i], 433), 0u);
-    EXPECT_EQ(pixelRGB(screen, 150 + movedOffsets[i], 434) & 0xFF, 0u);
+    EXPECT_TRUE(pixelRGB(screen, 150 + movedOffsets[i], 407) == 0 && pixelRGB(screen, 150 + movedOffsets[i], 433));
   }
-  // 250 -> 245: drawn as they are. 245 -> 240: the streak aged 15 is respawned
-  // from three draws and not drawn; the others step on.
+  // 250 -> 245: drawn as they are. 245 -> 240: the oldest starts again younger; the others step on.
   drawLandingSequence(screen, &planet, 1, 0, none);
-  EXPECT_EQ(exhaustStreaks[5].age, 15);
-  seedRandom(41);
-  const int age = nextRandom() % 15, offset = nextRandom() % 7;
-  const bool left = nextRandom() % 10 < 5;
-  seedRandom(41);
   drawLandingSequence(screen, &planet, 1, 0, none);
-  EXPECT_EQ(getAltitude(), 240);
-  EXPECT_EQ(exhaustStreaks[5].age, age);
-  EXPECT_EQ(exhaustStreaks[5].offset, left ? -offset : offset);
-  EXPECT_EQ(exhaustStreaks[5].drift, left ? 1 : 0);
-  EXPECT_EQ(exhaustStreaks[0].age, 2);
-  EXPECT_EQ(exhaustStreaks[0].offset, -7);
+  EXPECT_EQ(std::tuple(getAltitude(), exhaustStreaks[0].age, exhaustStreaks[0].offset), std::tuple(240, 2, -7));
+  EXPECT_LT(exhaustStreaks[5].age, 15);
 }
 
 TEST_F(RoverTest, BadDepositsAndImagesAreSkipped) {
@@ -261,9 +214,7 @@ TEST_F(LandingTest, DescentLandsFacingNorthAfterFiftyFramesAndTheRoverDrives) {
   roverPosition = SurfacePoint{400, 400};
   gameState.deposits = {{40, 40, 1, 7.5f}, {41, 40, 0, 2.0f}};
   choose(LandingMenu, DescentItem);
-  EXPECT_EQ(gameState.heading, 0);
-  EXPECT_EQ(gameState.descentRunning, 1);
-  EXPECT_EQ(getAltitude(), 250);
+  EXPECT_EQ(std::tuple(gameState.heading, gameState.descentRunning, getAltitude()), std::tuple(0, 1, 250));
   for (int frame = 1; frame <= 50; ++frame) {
     ASSERT_EQ(gameState.mode, Orbit) << frame;
     runOrbitFrame();
@@ -279,4 +230,7 @@ TEST_F(LandingTest, DescentLandsFacingNorthAfterFiftyFramesAndTheRoverDrives) {
   EXPECT_EQ(roverPosition.x, 412);
   EXPECT_FLOAT_EQ(playerShip.roverHold[0], 2.0f);
   gameState.velX = 0;
+  setAltitude(77);  // the launch climbs from the ground whatever was left before
+  choose(SurfaceMenu, LaunchItem);
+  EXPECT_EQ(std::pair(getAltitude(), gameState.launchRunning), std::pair(0, 1));
 }

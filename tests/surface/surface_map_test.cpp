@@ -1,23 +1,11 @@
 // The surface map: the terrain pixels and the site marker read back from the
 // screen, coordinates and their read-outs, site choice by mouse and by key,
 // and the deposit dots.
-#include "surface/surface_map.h"
 
 #include <SDL_gfxPrimitives.h>
-#include <gtest/gtest.h>
 
-#include <cstring>
-#include <tuple>
-
-#include "base/game_state.h"
-#include "base/screen.h"
-#include "shell/command_window.h"
 #include "shell/input.h"
-#include "ship/ship.h"
 #include "support/test_support.h"
-#include "surface/terrain.h"
-#include "ui/bitmap_font.h"
-#include "ui/font_builder.h"
 
 namespace {
 
@@ -99,37 +87,35 @@ TEST_F(SurfaceMapTest, ClicksInTheViewscreenPaneChooseTheSite) {
   }
 }
 
-TEST_F(SurfaceMapTest, MovingTheSiteByKeyStopsAtTheEdges) {
-  const struct {
-    SurfacePoint from;
-    int direction;
-    SurfacePoint to;
-  } cases[] = {{{10, 10}, 0, {9, 10}},      {{10, 10}, 1, {10, 9}},      {{10, 10}, 2, {11, 10}},
-               {{10, 10}, 3, {10, 11}},     {{0, 0}, 0, {0, 0}},         {{0, 0}, 1, {0, 0}},
-               {{359, 179}, 2, {359, 179}}, {{200, 179}, 3, {200, 179}}, {{10, 10}, 7, {10, 10}}};
-  for (const auto& c : cases) {
-    landingSite = c.from;
-    moveSite(c.direction);
-    EXPECT_EQ(std::tuple(landingSite.x, landingSite.y, roverPosition.x, roverPosition.y),
-              std::tuple(c.to.x, c.to.y, c.to.x * 10, c.to.y * 10))
-        << c.direction;
-  }
-}
-
+// While Select Site is chosen the arrows move the site a cell, stopping at the map's edges;
+// otherwise they are held for the flight controls.
 TEST_F(SurfaceMapTest, ArrowKeysMoveTheSiteOnlyWhileSelectSiteIsChosen) {
-  landingSite = SurfacePoint{0, 179};
-  onKeyDown(SDLK_DOWN);  // not selecting: the key is held instead
-  EXPECT_EQ(gameState.downHeld, 1);
+  onKeyDown(SDLK_DOWN);
+  EXPECT_EQ(std::pair(gameState.downHeld, landingSite.y), std::pair(1, 90));
   onKeyUp(SDLK_DOWN);
   setCurrentMenu(LandingMenu);
   setCurrentItem(SelectSiteItem);
   toggleItemSelected();
-  onKeyDown(SDLK_DOWN);
-  EXPECT_EQ(landingSite.y, 179);
-  EXPECT_EQ(gameState.downHeld, 0);
-  onKeyDown(SDLK_RIGHT);
-  EXPECT_EQ(landingSite.x, 1);
-  EXPECT_EQ(gameState.siteClicked, 1);
+  const struct {
+    SurfacePoint from;
+    SDLKey key;
+    SurfacePoint to;
+  } cases[] = {{{10, 10}, SDLK_LEFT, {9, 10}},       {{10, 10}, SDLK_UP, {10, 9}},
+               {{10, 10}, SDLK_RIGHT, {11, 10}},     {{10, 10}, SDLK_DOWN, {10, 11}},
+               {{0, 0}, SDLK_LEFT, {0, 0}},          {{0, 0}, SDLK_UP, {0, 0}},
+               {{359, 179}, SDLK_RIGHT, {359, 179}}, {{200, 179}, SDLK_DOWN, {200, 179}}};
+  for (const auto& c : cases) {
+    landingSite = c.from;
+    gameState.siteClicked = 0;
+    onKeyDown(c.key);
+    EXPECT_EQ(std::tuple(landingSite.x, landingSite.y, roverPosition.x, roverPosition.y, gameState.downHeld),
+              std::tuple(c.to.x, c.to.y, c.to.x * 10, c.to.y * 10, 0))
+        << c.key;
+    EXPECT_EQ(gameState.siteClicked, 1) << c.key;
+  }
+  landingSite = SurfacePoint{10, 10};
+  moveSite(7);  // no such direction
+  EXPECT_EQ(std::tuple(landingSite.x, landingSite.y, roverPosition.x), std::tuple(10, 10, 100));
 }
 
 TEST_F(SurfaceMapTest, MapShowsEveryCellAndAWrappingSiteMarker) {
@@ -195,16 +181,18 @@ TEST_F(SurfaceMapTest, LegendScaleAndMinerals) {
   // Dots of Lead (column 25, row 215) and Shyneum (column 430, row 230).
   EXPECT_EQ(pixelRGB(screen, 25, 220), mineralColor(0, 255) >> 8);
   EXPECT_EQ(pixelRGB(screen, 430, 235), mineralColor(21, 255) >> 8);
-  // The bold names are printed in entry 3, the others in entry 2.
-  const struct {
-    int x, y, font;
-    const char* name;
-  } names[] = {{35, 245, 3, "Cobalt"}, {35, 230, 2, "Iron"}, {230, 215, 3, "Titanium"}, {350, 215, 2, "Tungsten"}};
-  for (const auto& n : names) {
-    SurfacePtr ref = blankSurface(800, 600);
-    printString(ref.get(), fontTable.fonts[n.font], n.x, n.y, "%s", n.name);
-    EXPECT_TRUE(sameRegion(screen, ref.get(), n.x, n.y, textWidth(fontTable.fonts[n.font], n.name), 10)) << n.name;
+  // Mineral m in column m / 5, row m % 5; a few names in bold (entry 3), the others in entry 2.
+  const int columns[] = {25, 105, 220, 340, 430}, rows[] = {215, 230, 245, 260, 275};
+  for (int m = 0; m < mineralCount; ++m) {
+    const bool bold = m == 2 || m == 6 || m == 9 || m == 10 || m == 13;
+    EXPECT_TRUE(showsText(screen, columns[m / 5] + 10, rows[m % 5], fontTable.fonts[bold ? 3 : 2], mineralName(m), 1000,
+                          true, 10))
+        << mineralName(m);
   }
+  for (auto [y, label] : {std::pair{20, "High"}, {105, "Elevation"}, {185, "Low"}})
+    EXPECT_TRUE(showsText(screen, 430, y, fontTable.fonts[2], label, 1000, true)) << label;
+  const char* labels[] = {"Scan coordinates: ", "Land coordinates: ", "Fuel left: ", "Cargo space: ", "Damage: "};
+  for (int i = 0; i < 5; ++i) EXPECT_TRUE(showsText(screen, 300, 340 + 30 * i, fontTable.fonts[2], labels[i])) << i;
   EXPECT_EQ(currentFont(), fontTable.fonts[2]);
 }
 

@@ -1,13 +1,6 @@
-#include "surface/terrain.h"
-
-#include <gtest/gtest.h>
-
-#include <algorithm>
 #include <cstdint>
-#include <memory>
-#include <vector>
 
-#include "platform/random.h"
+#include "support/test_support.h"
 
 namespace {
 
@@ -66,19 +59,6 @@ TEST(TerrainTest, SeedsGiveTheReferenceSurfaces) {
   }
 }
 
-TEST(TerrainTest, SameSeedSameSurfaceWhateverWasDrawnBetween) {
-  auto first = std::make_unique<Terrain>(), second = std::make_unique<Terrain>();
-  generateTerrain(*first, 5550);
-  const int after = nextRandom();
-  for (int i = 0; i < 1234; ++i) nextRandom();
-  generateTerrain(*second, 5550);
-  EXPECT_TRUE(same(*first, *second));
-  EXPECT_EQ(nextRandom(), after) << "the sequence goes on from the generation's own draws";
-  seedRandom(5550);
-  for (int i = 0; i < 262143; ++i) nextRandom();  // one draw per grid point
-  EXPECT_EQ(nextRandom(), after);
-}
-
 TEST(TerrainTest, HeightFieldCornersStayAndTheLastRowAndColumnRepeatTheFirst) {
   for (std::int32_t seed : {0, 1, 97001, -7}) {
     const std::vector<std::uint8_t> g = heightField(seed);
@@ -90,19 +70,6 @@ TEST(TerrainTest, HeightFieldCornersStayAndTheLastRowAndColumnRepeatTheFirst) {
       ASSERT_EQ(cell(k, 512), cell(k, 0)) << "seed " << seed << " row " << k;
     }
   }
-}
-
-TEST(TerrainTest, RandomOffsetAndClampByteLimits) {
-  seedRandom(3);
-  int low = 0, high = 0;
-  for (int i = 0; i < 20000; ++i) low = std::min(low, randomOffset(255)), high = std::max(high, randomOffset(255));
-  EXPECT_EQ(std::pair(low, high), std::pair(-127, 127));
-  seedRandom(3);
-  const int before = nextRandom();
-  seedRandom(3);
-  EXPECT_EQ(randomOffset(0), 0) << "no range, no draw";
-  EXPECT_EQ(nextRandom(), before);
-  for (auto [v, want] : {std::pair{-1, 0}, {0, 0}, {255, 255}, {256, 255}, {100, 100}}) EXPECT_EQ(clampByte(v), want);
 }
 
 TEST(TerrainTest, SmoothingWrapsLongitudeAndLatitudeInPlace) {

@@ -1,5 +1,3 @@
-#include "ui/bitmap_font.h"
-
 #include "support/test_support.h"
 
 namespace {
@@ -86,6 +84,7 @@ TEST(BitmapFont, PlacementOnA100PixelTargetAndClippedAdvances) {
   // Advances are clipped at the edges too; a blank moves by the space's width, a missing glyph by 0.
   const int advances[][3] = {{5, 'a', 10}, {-4, 'a', 6}, {-30, 'a', 0}, {95, 'a', 5}, {0, ' ', 10}, {0, 127, 0}};
   for (const auto& a : advances) EXPECT_EQ(putChar(t, font.get(), a[0], 0, a[1]), a[2]) << a[0];
+  EXPECT_EQ(putChar(nullptr, font.get(), 0, 0, 'a'), 0) << "no surface, nothing drawn";
   SDL_FillRect(t, nullptr, 0);
   putString(t, font.get(), -4, 0, "ab");  // b starts at 2, over a's tail; glyph rows 1..5 land at 0..4
   EXPECT_EQ(pixelRGB(t, 3, 5), 0u);
@@ -108,6 +107,13 @@ TEST(BitmapFont, PixelAccessStaysOnTheSurface) {
   SurfacePtr s = blankSurface(4, 3);
   for (auto [x, y] : {std::pair{2, 1}, {4, 0}, {0, 3}, {-1, -1}}) putPixel(s.get(), x, y, 0xABCDEF);
   EXPECT_EQ(GetPixel(s.get(), 2, 1), 0xABCDEFu);
+  // Rows just off a surface carved out of a larger lit one are never read.
+  SurfacePtr big = blankSurface(4, 5);
+  SDL_FillRect(big.get(), nullptr, 0xABCDEF);
+  SurfacePtr rows(SDL_CreateRGBSurfaceFrom(static_cast<Uint8*>(big->pixels) + big->pitch, 4, 3, 32, big->pitch,
+                                           0xFF0000, 0xFF00, 0xFF, 0));
+  EXPECT_EQ(GetPixel(rows.get(), 0, -1) | GetPixel(rows.get(), 0, 3), 0u);
+  EXPECT_EXIT(scanGlyphs(nullptr), ::testing::ExitedWithCode(1), "The font has not been loaded");
   testing::internal::CaptureStdout();
   for (int x : {-1, 4}) GetPixel(s.get(), x, 0);
   EXPECT_EQ(testing::internal::GetCapturedStdout(), "x too small in GetPixel!\nx too big in GetPixel!\n");

@@ -1,11 +1,6 @@
 #include "ui/buttons.h"
 
-#include <algorithm>
-#include <cstring>
-#include <tuple>
-
 #include "support/test_support.h"
-#include "ui/font_builder.h"
 
 TEST(TextButton, HoverIsStrictlyInsideAndReleaseInsideMakesOneClick) {
   TextButton close, longer;
@@ -55,6 +50,7 @@ TEST(TextButton, LooksFollowThePointerAndHoveredDotsRunALap) {
   EXPECT_EQ(pixelRGB(s.get(), 760, 20), 0x202080u);
   EXPECT_EQ(pixelRGB(s.get(), 759, 10), 0x8080FFu);
   EXPECT_EQ(pixelRGB(s.get(), 792, 30), 0x8080FFu);
+  EXPECT_EQ(pixelRGB(s.get(), 757, 10) | pixelRGB(s.get(), 793, 30), 0u) << "dots of radius 2";
   EXPECT_EQ(after(1, 29), (std::tuple{790, 10, 760, 30, 1}));
   EXPECT_EQ(after(1, 20), (std::tuple{790, 30, 760, 10, 2}));
   EXPECT_EQ(after(0, 7), (std::tuple{790, 30, 760, 10, 2}));  // away from the button they wait

@@ -1,8 +1,5 @@
 #include "ui/frames.h"
 
-#include <algorithm>
-#include <cstdlib>
-
 #include "support/test_support.h"
 
 namespace {

@@ -1,6 +1,4 @@
-#include <gtest/gtest.h>
-
-#include "universe/planet.h"
+#include "support/test_support.h"
 
 TEST(MineralTableTest, NamesNumbersAndColoursWithFallbacks) {
   for (int i = 0; i < mineralCount; ++i) EXPECT_EQ(mineralNumber(mineralName(std::uint8_t(i))), i) << i;

@@ -1,28 +1,8 @@
-#include "universe/navigation.h"
-
-#include "base/game_state.h"
-#include "base/screen.h"
-#include "shell/main_loop.h"
-#include "shell/mode_frames.h"
-#include "shell/orbit.h"
-#include "shell/screen_layout.h"
-#include "shell/state_dump.h"
 #include "support/test_support.h"
-#include "ui/bitmap_font.h"
-#include "ui/font_builder.h"
 
-// Whether the screen at (x, y) shows `text` as font entry `font` prints it on black.
-static bool showsText(int x, int y, int font, const char* text) {
-  const int w = textWidth(fontTable.fonts[font], text), h = fontTable.heights[font];
-  SurfacePtr reference = blankSurface(w, h);
-  putString(reference.get(), fontTable.fonts[font], 0, 0, text);
-  for (int i = 0; i < w * h; ++i) {
-    if (pixelRGB(screen, x + i % w, y + i / w) != pixelRGB(reference.get(), i % w, i / w)) return false;
-  }
-  return w > 0;
-}
+namespace {
 
-static std::pair<int, int> target() { return {targetCell.column, targetCell.row}; }
+std::pair<int, int> target() { return {targetCell.column, targetCell.row}; }
 
 // The window sits at (85, 5); its chart's cell (0, display row 0) at (196, 16).
 constexpr int wx = 85, wy = 5;
@@ -36,10 +16,16 @@ class NavigationTest : public GameTest {
     gameState.navigationOpen = 1;
   }
   int draw(int column, int row, int speed = 12) { return drawNavigationWindow(screen, starMap, column, row, speed); }
-  static int h() { return fontTable.heights[2]; }
+  // Whether the window shows `text` at (x, y) of the window in font entry `font`, over whatever is drawn there.
+  static bool shows(int x, int y, int font, const char* text) {
+    return showsText(screen, wx + x, wy + y, fontTable.fonts[font], text, 1000, true);
+  }
 };
 
+}  // namespace
+
 TEST_F(NavigationTest, MouseAndArrowsMoveTheTargetOnlyWithinTheChart) {
+  EXPECT_EQ(target(), std::pair(390, 280));
   navigationMouseUp(196, 16);
   EXPECT_EQ(target(), std::pair(0, 0));
   navigationMouseUp(694, 514);
@@ -62,13 +48,49 @@ TEST_F(NavigationTest, MarkersPulseUpAndDownByThirty) {
   EXPECT_EQ(seen, (std::vector<int>{0, 30, 60, 90, 120, 150, 180, 210, 240, 210}));
 }
 
-TEST_F(NavigationTest, DistanceAndFuelReadouts) {
-  targetCell = ChartCell{103, 395};  // map row 104
+// Labels in the ordinary font, values in the value font, each in its place; the chart's
+// scale every 50 cells with faint grid lines on its rows and columns.
+TEST_F(NavigationTest, ReadoutsLabelsAndGridInTheirFontsAndPlaces) {
+  PlacedObjects objects;
+  objects.place(250, 250, "White Drawf", "Cold", 4);
+  targetCell = ChartCell{103, 395};  // map row 104: 5 cells from (100, 100)
+  navigationMouseMoved(196 + 250, 16 + 249);
   draw(100, 100, 12);
-  EXPECT_TRUE(showsText(wx + 10, wy + 140 + h(), 6, "5.00 SU"));
-  EXPECT_TRUE(showsText(wx + 10, wy + 190 + h(), 6, "1.04 CU"));
+  const int h = fontTable.heights[2];
+  const struct {
+    int x, y, font;
+    const char* text;
+  } texts[] = {{10, 60, 2, "Current"},
+               {10, 60 + h, 2, "Position"},
+               {10, 60 + 2 * h, 6, "X:100"},
+               {10, 60 + 3 * h, 6, "Y:100"},
+               {10, 140, 2, "Distance"},
+               {10, 140 + h, 6, "5.00 SU"},
+               {10, 190, 2, "Fuel"},
+               {10, 190 + h, 6, "1.04 CU"},
+               {10, 550, 2, "( Scanning) X:"},
+               {107, 550, 6, "250"},
+               {157, 550, 6, "250"},
+               {300, 550, 6, "White Drawf"},
+               {480, 550, 6, "Cold"},
+               {600, 550, 6, "4"},
+               {10, 565, 2, "(Targeting) X:"},
+               {107, 565, 6, "103"},
+               {157, 565, 6, "104"},
+               {300, 565, 6, "---"},
+               {90, 5, 0, "500"},
+               {90, 55, 0, "450"},
+               {150, 510, 0, " 50"},
+               {600, 510, 0, "500"}};
+  for (const auto& t : texts) EXPECT_TRUE(shows(t.x, t.y, t.font, t.text)) << t.text;
+  for (int i = 0; i < 10; i += 5) {
+    const int line = 10 + 50 * i;  // between the crossings: white at alpha 64 over black
+    EXPECT_NEAR(int(pixelRGB(screen, wx + 135, wy + line) & 0xFF), 64, 2) << line;
+    EXPECT_NEAR(int(pixelRGB(screen, wx + 110 + 50 * i, wy + 35) & 0xFF), 64, 2) << line;
+    EXPECT_EQ(pixelRGB(screen, wx + 135, wy + line + 1) | pixelRGB(screen, wx + 111 + 50 * i, wy + 35), 0u) << line;
+  }
   draw(100, 100, 0);  // no top speed: no fuel figure rather than a division by zero
-  EXPECT_TRUE(showsText(wx + 10, wy + 190 + h(), 6, "---"));
+  EXPECT_TRUE(shows(10, 190 + h, 6, "---"));
 }
 
 TEST_F(NavigationTest, ObjectsAreClassColouredPixelsAndTheScanLineReadsThem) {
@@ -81,14 +103,11 @@ TEST_F(NavigationTest, ObjectsAreClassColouredPixelsAndTheScanLineReadsThem) {
   draw(480, 480);
   auto chart = [](int column, int row) { return pixelRGB(screen, wx + 111 + column, wy + 11 + 499 - row); };
   EXPECT_EQ(std::tuple(chart(0, 0), chart(250, 250), chart(5, 7)), std::tuple(0xFFFF00u, 0xFF64FFu, 0u));
-  EXPECT_TRUE(navigationSquareCursorSelected() && showsText(wx + 300, wy + 550, 6, "White Drawf"));
+  EXPECT_TRUE(navigationSquareCursorSelected());
   navigationMouseMoved(196 + 251, 16 + 249);  // an empty cell: dashes and the crosshair again
   draw(480, 480);
-  EXPECT_TRUE(!navigationSquareCursorSelected() && showsText(wx + 300, wy + 550, 6, "---"));
-}
-
-TEST_F(NavigationTest, CloseButtonClosesTheWindow) {
-  navigationMouseMoved(wx + 45, wy + 25), navigationMouseDown();
+  EXPECT_TRUE(!navigationSquareCursorSelected() && shows(300, 550, 6, "---"));
+  navigationMouseMoved(wx + 45, wy + 25), navigationMouseDown();  // the close button
   navigationMouseUp(wx + 45, wy + 25);
   EXPECT_EQ(draw(100, 100), 1);
   EXPECT_EQ(gameState.navigationOpen, 0);
@@ -99,6 +118,9 @@ TEST_F(NavigationTest, FadingLineRisesFromFiftyToFullAndStaysOnTheSurface) {
   fadingLine(s.get(), 5, 5, 6, 6, 255, 255, 255);
   EXPECT_NEAR(int(pixelRGB(s.get(), 5, 5) & 0xFF), 50, 2);
   EXPECT_EQ(pixelRGB(s.get(), 6, 6), 0xFFFFFFu);
+  fadingLine(s.get(), 10, 30, 30, 30, 255, 255, 255);  // 20 steps of 12 from 50: full at the 18th
+  for (int i = 0; i <= 20; ++i)
+    EXPECT_NEAR(int(pixelRGB(s.get(), 10 + i, 30) & 0xFF), std::min(255, 50 + 12 * i), 2) << i;
   fadingLine(s.get(), 20, 20, 20, 20, 0, 255, 0);
   EXPECT_EQ(pixelRGB(s.get(), 20, 20), 0x00FF00u) << "a single point at full strength";
   fadingLine(s.get(), 2, 30, 9, 2, 255, 0, 0);

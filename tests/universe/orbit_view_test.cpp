@@ -1,11 +1,6 @@
 #include "universe/orbit_view.h"
 
-#include <cstdlib>
-#include <vector>
-
-#include "base/screen.h"
 #include "support/test_support.h"
-#include "universe/navigation.h"
 
 namespace {
 

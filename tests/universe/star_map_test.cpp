@@ -1,12 +1,4 @@
-#include "universe/star_map.h"
-
-#include <unistd.h>
-
-#include <cstdio>
-#include <cstring>
-
 #include "support/test_support.h"
-#include "universe/viewing_tree.h"
 
 static std::string objectLines(int x, int y, const std::string& cls, const std::string& eco, int planets) {
   return std::to_string(x) + "\n" + std::to_string(y) + "\n" + cls + "\n" + eco + "\n" + std::to_string(planets) + "\n";
@@ -67,6 +59,13 @@ TEST_F(StarMapTest, ReadsObjectsAndPlanetsFieldByField) {
   expectLogged(log, {"Loading Starmap", "Total stars: 3, Total planets: 3", "M:1, K:1, G:1, F:0, A:0, B:0, O:0",
                      "White Drawf:0, Neutron Star:0, Black Hole:0"});
   EXPECT_FALSE(log.saw(" line ")) << "a well-formed file draws no complaints";
+  // The orbited planet's record: none without a system or for a slot outside the lanes.
+  gameState.currentObject = nullptr, gameState.currentPlanet = 4;
+  EXPECT_EQ(currentPlanetRecord(), nullptr);
+  gameState.currentObject = starMap[3][7].object;
+  EXPECT_EQ(currentPlanetRecord(), g->Planets[4]);
+  for (int slot : {-1, 10}) EXPECT_EQ((gameState.currentPlanet = slot, currentPlanetRecord()), nullptr) << slot;
+  gameState = GameState{};
   buildViewingTree(starMap);  // then a missing file leaves an empty map
   loadStarmapFile(starMap, dir_.path("None.txt").c_str());
   EXPECT_TRUE(starMap[3][7].object == nullptr && starMap[3][7].viewList == nullptr);

@@ -52,7 +52,8 @@ TEST_F(StarfieldTest, NearerStarsStepFurther) {
 TEST_F(StarfieldTest, StarsLeavingTheFieldComeBackAtTheOppositeEdge) {
   // {X, Y, vx, vy, new X, new Y}; -1 is anywhere along that edge. Depth 240 moves by the whole velocity.
   const int cases[][6] = {{0, 300, -1, 0, 600, -1}, {600, 300, 1, 0, 0, -1}, {599, 300, 1, 0, 600, 300},
-                          {300, 0, 0, -1, -1, 600}, {300, 600, 0, 1, -1, 0}, {300, 599, 0, 1, 300, 600}};
+                          {300, 0, 0, -1, -1, 600}, {300, 600, 0, 1, -1, 0}, {300, 599, 0, 1, 300, 600},
+                          {300, 1, 0, -1, 300, 0},  {1, 300, -1, 0, 0, 300}};
   for (auto [X, Y, vx, vy, newX, newY] : cases) {
     clearField();
     addStar(X, Y, 240, 7, 8, 9);

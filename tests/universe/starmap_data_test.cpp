@@ -1,7 +1,3 @@
-#include <algorithm>
-#include <cstdlib>
-#include <cstring>
-#include <fstream>
 #include <set>
 
 #include "support/test_support.h"

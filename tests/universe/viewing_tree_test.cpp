@@ -1,6 +1,3 @@
-#include "universe/viewing_tree.h"
-
-#include "platform/random.h"
 #include "support/test_support.h"
 
 using Cells = std::vector<std::pair<int, int>>;
@@ -16,18 +13,6 @@ class ViewingTreeTest : public ::testing::Test {
   void TearDown() override { releaseViewingTree(starMap); }
   PlacedObjects objects;
 };
-
-TEST_F(ViewingTreeTest, ObjectIsSeenFromTheSquareAroundItClippedAtTheEdges) {
-  for (auto [x, y, lists] : {std::tuple{0, 0, 36}, {250, 250, 121}, {499, 3, 54}}) {
-    PlacedObjects one;
-    one.place(x, y);
-    buildViewingTree(starMap);
-    int seen = 0;
-    for (int i = 0; i < 500 * 500; ++i) seen += viewList(i / 500, i % 500) == Cells{{x, y}};
-    EXPECT_EQ(seen, lists) << x << ", " << y;
-    releaseViewingTree(starMap);
-  }
-}
 
 TEST_F(ViewingTreeTest, ListsRunColumnByColumnAndMatchTheSquareEverywhere) {
   objects.place(10, 12);

@@ -1,19 +1,7 @@
 #include "universe/viewscreen.h"
 
-#include "base/screen.h"
-#include "shell/main_loop.h"
-#include "shell/mode_frames.h"
-#include "shell/orbit.h"
-#include "shell/screen_layout.h"
-#include "shell/state_dump.h"
-#include "ship/ship.h"
 #include "support/test_support.h"
-#include "surface/globe.h"
-#include "surface/surface_map.h"
-#include "ui/bitmap_font.h"
-#include "ui/font_builder.h"
 #include "universe/starfield.h"
-#include "universe/viewing_tree.h"
 
 constexpr Uint32 red = 0xFF0000, blue = 0x0000FF, magenta = 0xFF00FF, squareGreen = 0x00FF80;
 
