@@ -58,11 +58,11 @@ Uint32 pixelRGB(SDL_Surface* surface, int x, int y) {
 }
 
 bool showsText(SDL_Surface* shown, int x, int y, BitmapFont* font, const std::string& text, int width, bool litOnly,
-               int rows) {
+               int rows, int firstRow) {
   const int w = std::min(textWidth(font, text.c_str()), width), h = std::min(fontHeight(font), rows);
   SurfacePtr reference = blankSurface(w + 1, fontHeight(font));
   printString(reference.get(), font, 0, 0, "%s", text.c_str());
-  for (int row = 0; row < h; ++row)
+  for (int row = firstRow; row < h; ++row)
     for (int col = 0; col < w; ++col)
       if (const Uint32 want = pixelRGB(reference.get(), col, row);
           (want || !litOnly) && pixelRGB(shown, x + col, y + row) != want)

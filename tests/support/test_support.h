@@ -72,9 +72,9 @@ Uint32 pixelRGB(SDL_Surface* surface, int x, int y);
 struct BitmapFont;
 // Whether `text`, printed alone in `font` on black, shows on `shown` at (x, y): every pixel of
 // its box, at most `width` columns and `rows` rows of it, is the same; or, where the box
-// overlaps other drawing (`litOnly`), every lit pixel of the text.
+// overlaps other drawing (`litOnly`), every lit pixel of the text; rows above `firstRow` are not compared.
 bool showsText(SDL_Surface* shown, int x, int y, BitmapFont* font, const std::string& text, int width = 1000,
-               bool litOnly = false, int rows = 1000);
+               bool litOnly = false, int rows = 1000, int firstRow = 0);
 // The number of pixels not black in the box [x1, x2) x [y1, y2).
 int litPixels(SDL_Surface* surface, int x1, int y1, int x2, int y2);
 

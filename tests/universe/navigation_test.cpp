@@ -17,8 +17,9 @@ class NavigationTest : public GameTest {
   }
   int draw(int column, int row, int speed = 12) { return drawNavigationWindow(screen, starMap, column, row, speed); }
   // Whether the window shows `text` at (x, y) of the window in font entry `font`, over whatever is drawn there.
+  // The column labels stand on the grid's bottom line (y 510), which is drawn over their top row.
   static bool shows(int x, int y, int font, const char* text) {
-    return showsText(screen, wx + x, wy + y, fontTable.fonts[font], text, 1000, true);
+    return showsText(screen, wx + x, wy + y, fontTable.fonts[font], text, 1000, true, 1000, y == 510 ? 1 : 0);
   }
 };
 
