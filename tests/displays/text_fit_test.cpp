@@ -1,9 +1,7 @@
 // The game's face against the fixed places its text is drawn in: every line
 // shows whole and neighbours keep apart.
 #include <algorithm>
-#include <string>
 #include <utility>
-#include <vector>
 
 #include "base/message_window.h"
 #include "base/screen.h"

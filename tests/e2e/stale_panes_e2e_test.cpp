@@ -1,10 +1,5 @@
 // Moments that used to leave old or blank pixels on screen, played through the
 // real game and read back from its screenshots.
-#include <SDL.h>
-#include <gtest/gtest.h>
-
-#include <string>
-#include <vector>
 
 #include "base/screen.h"
 #include "shell/flight.h"

@@ -1,7 +1,6 @@
 // The rover picture stands on the rover's own tile: wherever in its cell the
 // rover is, heading north or south, the middle of what is drawn of it lies on
 // the tile of that cell, which the view draws from 150 - rx, 400 - ry on screen.
-#include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cstring>

@@ -1,16 +1,11 @@
-// Planet images and the orbited terrain made through the worker thread must be
-// exactly what the plain path makes: generate and smooth on this thread, then
-// render and zoom. Both are built here side by side, cold, made ahead, and with
-// the worker still busy, and compared pixel by pixel; the program's random
-// generator must stand afterwards where the plain path leaves it.
+// Planet images and the orbited terrain made through the worker thread (cold, made ahead, worker still busy) are
+// pixel for pixel what the plain path makes on this thread, and leave the random generator where it leaves it.
 #include "surface/terrain_cache.h"
 
 #include <SDL_rotozoom.h>
-#include <gtest/gtest.h>
 
 #include <cstdio>
 #include <cstring>
-#include <memory>
 
 #include "platform/random.h"
 #include "support/test_support.h"
