@@ -1,11 +1,10 @@
-// The game as a player meets it on a desktop: a mouse that floods the input, a named window.
-#include <gtest/gtest.h>
+// The game as a player meets it on a desktop: a mouse that floods the input, a
+// named window, an X display that goes away, the time each frame took.
 #include <sys/wait.h>
 
 #include <cstdio>
-#include <string>
+#include <fstream>
 #include <utility>
-#include <vector>
 
 #include "support/test_support.h"
 
@@ -24,22 +23,32 @@ RunResult shell(const std::string& command) {
 
 }  // namespace
 
-TEST(Desktop, AMouseFloodLeavesTheClickAndTheKeyAfterItToActInOrder) {
+TEST(Desktop, AMouseFloodLeavesTheClickAndTheKeyAfterItToActInOrderAndEachFrameIsTimed) {
   // 500 motions, then a click on Engineering (menu 9) and E, all queued for the first frame.
   std::string script;
   for (int i = 0; i < 499; ++i) script += "at 1 mouse move " + std::to_string(i) + " " + std::to_string(i) + "\n";
   script += "at 1 mouse move 600 390\nat 1 mouse down\nat 1 mouse up\nat 1 key down e\n" + statesAt(1, 4);
-  const RunResult r = runScript(script, "--frames 4");
+  TempDir tmp;
+  const RunResult r = runScript(script, "--frames 4 --frame-times " + tmp.path("times.txt"));
   EXPECT_EQ(std::pair(r.status, r.err), std::pair(0, std::string()));
   std::vector<std::vector<int>> seen;
   for (const std::string& s : stateLines(r.out))
     seen.push_back({stateNumber(s, "mouseY"), stateNumber(s, "itemSelected"), stateNumber(s, "currentMenu"),
                     stateNumber(s, "configOpen")});
   EXPECT_EQ(seen, (std::vector<std::vector<int>>{{390, 0, 0, 0}, {390, 1, 0, 0}, {390, 0, 9, 0}, {390, 0, 9, 1}}));
+  // One line "FRAME MICROSECONDS" a frame; a file that can't be written stops the game before it opens.
+  std::ifstream in(tmp.path("times.txt"));
+  long frame = 0, us = -1, lines = 0;
+  while (in >> frame >> us) EXPECT_TRUE(frame == ++lines && us > 0 && us < 10'000'000) << frame << " " << us;
+  EXPECT_EQ(lines, 4);
+  const RunResult bad = runGame("--frames 1 --frame-times " + tmp.path("no/such/dir/t.txt"));
+  EXPECT_EQ(bad.status, 2);
+  EXPECT_NE(bad.err.find("can't write the frame times to"), std::string::npos) << bad.err;
 }
 
-TEST(Desktop, TheWindowIsNamedStarProspectorAndWearsTheShipIcon) {
-  // A private X server on a free display, the game in it, and the window manager's view of its window.
+TEST(Desktop, TheWindowIsNamedAndWearsTheShipIconAndALostDisplaySavesTheVoyageAndEndsTheGame) {
+  // A private X server on a free display, the game in it, the window manager's view of its window; then the
+  // server goes away under the running game.
   const std::string script = R"(
     command -v Xvfb >/dev/null && command -v xprop >/dev/null && command -v xdotool >/dev/null || exit 77
     dir=$(mktemp -d)
@@ -47,7 +56,7 @@ TEST(Desktop, TheWindowIsNamedStarProspectorAndWearsTheShipIcon) {
     for i in $(seq 100); do [ -s "$dir/display" ] && break; sleep 0.1; done
     # The X11 driver's own libraries (dbus, GL) keep allocations a sanitizer build would report at exit.
     export DISPLAY=:$(head -1 "$dir/display") SDL_VIDEODRIVER=x11 ASAN_OPTIONS="${ASAN_OPTIONS:-}:detect_leaks=0"
-    "$1" --data "$2" --frames 900 >/dev/null 2>&1 & game=$!
+    "$1" --data "$2" --voyage "$3" --log-stdout --frames 100000000 >"$dir/log" 2>&1 & game=$!
     # SDL may replace its first window while it picks a renderer: ask again until one answers.
     for i in $(seq 50); do
       wid=$(timeout 30 xdotool search --sync --name 'Star Prospector' | tail -1)
@@ -55,21 +64,23 @@ TEST(Desktop, TheWindowIsNamedStarProspectorAndWearsTheShipIcon) {
       sleep 0.2
     done
     echo "$props"
-    # The game leaves first (SDL turns TERM into a quit request): without its X server it could not.
-    kill $game; timeout 10 tail --pid=$game -f /dev/null || kill -9 $game
-    kill $xvfb; rm -rf "$dir")";
+    for i in $(seq 100); do grep -q "Entering mainloop" "$dir/log" && break; sleep 0.1; done
+    kill $xvfb; timeout 10 tail --pid=$game -f /dev/null || kill -9 $game; wait $game; echo "exit $?"
+    grep -o "lost the connection to the X display" "$dir/log"; rm -rf "$dir")";
   TempDir tmp;
-  const RunResult r =
-      shell("bash '" + tmp.write("window.sh", script) + "' '" PROSPECTOR_BINARY "' '" PROSPECTOR_DATA_DIR "'");
+  const RunResult r = shell("bash '" + tmp.write("window.sh", script) +
+                            "' '" PROSPECTOR_BINARY "' '" PROSPECTOR_DATA_DIR "' '" + tmp.path("v.sav") + "'");
   if (r.status == 77) GTEST_SKIP() << "needs Xvfb, xprop and xdotool";
-  EXPECT_EQ(r.out, "WM_NAME(STRING) = \"Star Prospector\"\n_NET_WM_ICON(CARDINAL) = \tIcon (64 x 64):\n");
+  EXPECT_EQ(r.out,
+            "WM_NAME(STRING) = \"Star Prospector\"\n_NET_WM_ICON(CARDINAL) = \tIcon (64 x 64):\n"
+            "exit 1\nlost the connection to the X display\n");
+  EXPECT_NE(readFile(tmp.path("v.sav")).find("Wandering Lark"), std::string::npos);
 }
 
 TEST(Desktop, MakePlayBuildsTheGameAloneBeforeRunningIt) {
-  // make's plan, not carried out: the game's own target is built, not everything, then the game runs.
-  const RunResult r = shell("make -n -C '" PROSPECTOR_SOURCE_DIR "' play BUILD=plan");
-  ASSERT_EQ(r.status, 0) << r.out;
-  EXPECT_NE(r.out.find("cmake --build plan --target prospector "), std::string::npos) << r.out;
-  EXPECT_EQ(r.out.find("cmake --build plan -j"), std::string::npos) << r.out;
-  EXPECT_NE(r.out.find("plan/prospector --data plan/data"), std::string::npos) << r.out;
+  const std::string plan = shell("make -n -C '" PROSPECTOR_SOURCE_DIR "' play BUILD=plan").out;  // not carried out
+  for (const auto& [step, planned] : {std::pair("cmake --build plan --target prospector ", true),
+                                      {"cmake --build plan -j", false},
+                                      {"plan/prospector --data plan/data", true}})
+    EXPECT_EQ(plan.find(step) != std::string::npos, planned) << step << "\n" << plan;
 }

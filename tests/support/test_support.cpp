@@ -211,6 +211,8 @@ std::string slurp(const std::string& path) {
 }
 }  // namespace
 
+std::string readFile(const std::string& path) { return slurp(path); }
+
 RunResult runGame(const std::string& arguments, const std::string& environment) {
   TempDir tmp;
   const std::string out = tmp.path("out.txt"), err = tmp.path("err.txt");

@@ -146,3 +146,6 @@ std::string dataCopy(const TempDir& tmp);
 // (systemX, systemY) and planet slot `planet`; the hold lines are the shipped ones unless given.
 std::string dataCopyWithSave(const TempDir& tmp, int mode, int starX, int starY, int systemX, int systemY, int planet,
                              const std::string& shipHold = "", const std::string& roverHold = "");
+
+// The whole content of a file; "" when it can't be read.
+std::string readFile(const std::string& path);
