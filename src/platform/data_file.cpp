@@ -1,26 +1,27 @@
 #include "platform/data_file.h"
 
-DataFile::DataFile(const std::string& path) : file_(std::fopen(path.c_str(), "r")) {}
+#include <memory>
 
-DataFile::~DataFile() {
-  if (file_) std::fclose(file_);
+DataFile::DataFile(const std::string& path) {
+  const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(path.c_str(), "r"), &std::fclose);
+  if (!file) return;
+  open_ = true;
+  char buffer[65536];
+  for (std::size_t n; (n = std::fread(buffer, 1, sizeof buffer, file.get())) > 0;) contents_.append(buffer, n);
+  text_ = contents_;
 }
 
 bool DataFile::nextLine(std::string& line) {
   line.clear();
   lastLineCut_ = false;
-  if (!file_) return false;
-  int c = std::fgetc(file_);
-  if (c == EOF) return false;
+  if (position_ >= text_.size()) return false;
   ++lineNumber_;
-  while (c != EOF && c != '\n') {
-    if (line.size() < maxLineLength) {
-      line.push_back(static_cast<char>(c));
-    } else {
-      lastLineCut_ = true;
-    }
-    c = std::fgetc(file_);
-  }
+  std::size_t end = text_.find('\n', position_);
+  if (end == std::string_view::npos) end = text_.size();
+  const std::size_t length = end - position_;
+  lastLineCut_ = length > maxLineLength;
+  line.assign(text_.substr(position_, lastLineCut_ ? maxLineLength : length));
+  position_ = end + 1;
   // Files written on DOS keep their carriage return before the line feed.
   if (!line.empty() && line.back() == '\r') line.pop_back();
   return true;

@@ -92,13 +92,13 @@ float readHold(const std::string& line, CargoHold& hold, float capacity, const c
   return sum;
 }
 
-void headerLine(int index, const std::string& line) {
+void headerLine(int index, const std::string& line, const ShipLoader& loadShipNamed) {
   Ship& ship = playerShip;
   switch (index) {
     case 0: {
       char stem[100];
       copyName(stem, line, "ship file name");
-      loadShip(shipImages, ship, stem);
+      loadShipNamed(ship, stem);
       break;
     }
     case 1:
@@ -208,6 +208,13 @@ bool loadGame(const char* path) {
     return false;
   }
   logMessagef("Loading: %s", path);
+  readSavedGame(file, path, [](Ship& ship, const char* stem) { loadShip(shipImages, ship, stem); });
+  return true;
+}
+
+void readSavedGame(DataFile& file, const std::string& name, const ShipLoader& loadShipNamed) {
+  savedFile = name;
+  savedLine = modeLine = planetLine = 0;
 
   // Lines 0 to 10 are fixed, then one weapon per hardpoint of the ship that
   // line 0 loaded, the ship's hold and the rover's hold; the rest is ignored.
@@ -222,7 +229,7 @@ bool loadGame(const char* path) {
     if (file.lastLineCut()) problem("Saved game: line longer than 999 characters, cut");
     switch (section) {
       case Section::Header:
-        headerLine(lineIndex++, line);
+        headerLine(lineIndex++, line, loadShipNamed);
         if (lineIndex == 11) {
           hardPoints = std::clamp(playerShip.hardPointCount, 0, maxHardPoints);
           section = hardPoints > 0 ? Section::Weapons : Section::ShipHold;
@@ -251,7 +258,6 @@ bool loadGame(const char* path) {
   savedLine = 0;
   if (section != Section::Done) problem("Saved game: ends before the rover's hold line; the rest keep their values");
   checkModeAndPlanet();
-  return true;
 }
 
 void restoreSavedMode() {
