@@ -29,7 +29,7 @@ const char* usageText() {
          "  --seed N         seed the random generator with N instead of the time\n"
          "  --unthrottled    do not wait between frames\n"
          "  --log-stdout     also print every debug-log line to standard output\n"
-         "  --script FILE    play the scripted input in FILE\n"
+         "  --script FILE    play the scripted input in FILE (-: read it as the game runs)\n"
          "  --help           show this text\n";
 }
 
