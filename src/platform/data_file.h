@@ -35,6 +35,9 @@ class DataFile {
   int lineNumber() const { return lineNumber_; }
 
  private:
+  std::string_view takeLine();  // the next whole line, numbered, without its line feed
+  void keep(std::string_view whole, std::string& line);
+
   bool open_ = false;
   std::string contents_;  // a file's bytes; text_ views them
   std::string_view text_;
