@@ -58,12 +58,12 @@ void LiveScript::feed(std::string_view bytes, std::vector<ScriptCommand>& script
       // the game in order, and a state line after inputs still shows them.
       lateBy_ = std::max(lateBy_, frame - cmd.frame);
       cmd.frame = cmd.frame > LONG_MAX - lateBy_ ? LONG_MAX : cmd.frame + lateBy_;
-      if (cmd.kind == ScriptCommand::Kind::Screenshot && !cmd.file.empty() && cmd.file[0] != '/' &&
-          !baseDir_.empty())
+      if (cmd.kind == ScriptCommand::Kind::Screenshot && !cmd.file.empty() && cmd.file[0] != '/' && !baseDir_.empty())
         cmd.file = baseDir_ + "/" + cmd.file;
       firstPending = std::min(firstPending, script.size());
-      const auto at = std::upper_bound(script.begin() + static_cast<std::ptrdiff_t>(firstPending), script.end(), cmd,
-                                       [](const ScriptCommand& a, const ScriptCommand& b) { return a.frame < b.frame; });
+      const auto at =
+          std::upper_bound(script.begin() + static_cast<std::ptrdiff_t>(firstPending), script.end(), cmd,
+                           [](const ScriptCommand& a, const ScriptCommand& b) { return a.frame < b.frame; });
       script.insert(at, cmd);
     }
   }

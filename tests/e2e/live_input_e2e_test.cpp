@@ -48,7 +48,7 @@ TEST(LiveInput, StateShowsPlanetCellsAndTheNearestDepositAfterASweep) {
   TempDir tmp;
   const std::string data = dataCopyWithSave(tmp, 2, 100, 100, 140, 2, lane);
   std::string script = "at 0 state\n" + clickRow(1, 1) + clickRow(10, 0) + "at 80 state\n";  // Science, Sensors
-  script += clickRow(81, 4) + clickRow(90, 2) + clickRow(99, 0) + "at 110 state\n";       // Navigator, Maneuver
+  script += clickRow(81, 4) + clickRow(90, 2) + clickRow(99, 0) + "at 110 state\n";          // Navigator, Maneuver
   const RunResult r = runScript(script, "--data " + data + " --frames 110");
   ASSERT_EQ(r.status, 0) << r.err;
   const std::vector<std::string> states = stateLines(r.out);
