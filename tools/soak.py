@@ -100,10 +100,24 @@ class Pilot:
         self.task = None
         self.task_mode = None
         self.in_window = False
+        self.mode_seen, self.mode_since, self.stalls = None, 0, 0
         self.visited_systems = set()
         self.orbited = set()
 
     def step(self, st):
+        if st["mode"] != self.mode_seen:
+            self.mode_seen, self.mode_since = st["mode"], st["frame"]
+        if st["frame"] - self.mode_since > 8000:
+            # Nothing has moved on for long: start the goal afresh after a
+            # burst of random input, whatever held it up.
+            self.mode_since = st["frame"]
+            self.task = None
+            self.stalls += 1
+            print(f"soak: no progress in mode {st['mode']} by frame {st['frame']} (menu {st['currentMenu']}, item "
+                  f"{st['currentItem']}, selected {st['itemSelected']}, maneuver {st['maneuverOn']}, scan "
+                  f"{st['scanRunning']}, descent {st['descentRunning']}, launch {st['launchRunning']}); shaking it",
+                  flush=True)
+            return sum((self.random_input(st)[0] for _ in range(6)), []) + row_click(0) + click(*FULL_WINDOW_CLOSE), 10
         if self.rng.random() < self.random_share:
             return self.random_input(st)
         cleanup = self.close_stray_windows(st)
@@ -298,7 +312,8 @@ class Pilot:
             d = st["nearestDeposit"]
             before = sum(a or 0 for a in st["ship"]["roverHold"])
             target = (d[0] * 10 + 5, d[1] * 10 + 5)
-            st = yield from self.fly_to(st, target, lambda s, d=d: s["nearestDeposit"] != d or s["mode"] != SURFACE,
+            # The rover collects what lies in its cell: drive until it stands on the deposit.
+            st = yield from self.fly_to(st, target, lambda s, d=d: s["site"] == d[:2] or s["mode"] != SURFACE,
                                         10, 4, 4, 800, flip_y=True)
             if sum(a or 0 for a in st["ship"]["roverHold"]) <= before:
                 break  # the hold is full or the rover missed: go back up
@@ -461,8 +476,9 @@ class Checker:
 
     def rss_window(self, first):
         lo, hi = (0, self.frames * 0.1) if first else (self.frames * 0.9, self.frames + 1)
-        values = [kb for f, kb in self.rss if lo <= f < hi]
-        return max(values) / 1024 if values else float("nan")
+        values = sorted(kb for f, kb in self.rss if lo <= f < hi)
+        # The median: the allocator's level, not one passing peak.
+        return values[len(values) // 2] / 1024 if values else float("nan")
 
 
 def memory_kb(pid):
@@ -519,7 +535,7 @@ def main():
         st = checker.check(line[6:])
         if st is None:
             continue
-        if checker.states % 20 == 1:
+        if checker.states % 5 == 1:
             kb = memory_kb(game.pid)
             if kb:
                 checker.rss.append((st["frame"], kb))
