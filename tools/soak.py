@@ -556,6 +556,7 @@ def main():
             gist = {k: st[k] for k in ("frame", "mode", "currentMenu", "currentItem", "itemSelected", "maneuverOn",
                                        "scansTaken", "scanRunning", "descentRunning", "launchRunning", "cargoOpen", "configOpen", "navigationOpen", "speed", "heading", "sysX", "sysY", "posX", "posY", "site",
                                        "rover", "nearestDeposit")}
+            gist["holds"] = (st["ship"]["shipHoldFree"], st["ship"]["roverHoldFree"], st["cargoOpen"])
             trace.write(f"{json.dumps(gist)}\n    {lines}\n")
         alive = send(lines)
     status = game.wait()

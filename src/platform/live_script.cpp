@@ -20,7 +20,10 @@ LiveScript::LiveScript(int fd, std::string baseDir) : fd_(fd), baseDir_(std::mov
   }
 }
 
-void LiveScript::poll(std::vector<ScriptCommand>& script, std::size_t firstPending, long frame) {
+void LiveScript::poll(std::vector<ScriptCommand>& script, std::size_t& firstPending, long frame) {
+  firstPending = std::min(firstPending, script.size());
+  script.erase(script.begin(), script.begin() + static_cast<std::ptrdiff_t>(firstPending));
+  firstPending = 0;
   char buffer[4096];
   lateBy_ = 0;
   while (!ended_) {

@@ -19,9 +19,12 @@ class LiveScript {
   // Takes what has arrived so far. Every complete line becomes a command,
   // inserted in frame order among script[firstPending..]. A frame before
   // `frame` is moved up to it, and every later line of the same poll is moved
-  // by as much, so commands sent together keep their spacing. A malformed line is reported on stderr as
-  // "stdin:LINE: what" and skipped: a typo must not end a long run.
-  void poll(std::vector<ScriptCommand>& script, std::size_t firstPending, long frame);
+  // by as much, so commands sent together keep their spacing. The commands
+  // before firstPending, already acted on, are dropped first (firstPending
+  // becomes 0), so a run steered for hours holds only what is still to come.
+  // A malformed line is reported on stderr as "stdin:LINE: what" and skipped:
+  // a typo must not end a long run.
+  void poll(std::vector<ScriptCommand>& script, std::size_t& firstPending, long frame);
   // The same for bytes in hand, for callers that read them elsewhere.
   void feed(std::string_view bytes, std::vector<ScriptCommand>& script, std::size_t firstPending, long frame);
   // True once the input has ended; the game then runs on without it.
