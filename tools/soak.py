@@ -328,10 +328,11 @@ class Pilot:
     # --- side trips: the windows -------------------------------------------
 
     def cargo(self, st):
+        self.in_window = True  # before the click: the window must not be closed as a stray
         st = yield from self.choose(st, ORBIT_MENU if st["mode"] != SURFACE else SURFACE_MENU, CARGO)
         if not st["cargoOpen"]:
+            self.in_window = False
             return st
-        self.in_window = True
         ship = st["ship"]
         for hold, capacity, arrow_x, button in (("shipHold", ship["shipHoldCapacity"], SHIP_UP_ARROW_X, SHIP_JETTISON),
                                                 ("roverHold", 50.0, ROVER_UP_ARROW_X, ROVER_JETTISON)):
@@ -339,11 +340,20 @@ class Pilot:
             full = sum(amounts) > capacity * 0.5
             if not full and self.rng.random() < 0.5:
                 continue
-            mineral = max(range(len(amounts)), key=lambda m: amounts[m])
-            frames = min(80, int(amounts[mineral]) + 17) if full else self.rng.randint(1, 20)
-            y = CARGO_FIRST_ROW + CARGO_ROW_HEIGHT * mineral
-            st = yield [f"mouse move {arrow_x} {y}", "mouse down"], 2
-            st = yield ["mouse up"], frames
+            # Select the largest amounts until half the hold would be free
+            # (a held arrow adds 1 CU a frame after a 15-frame pause), then
+            # throw the selection out with one click.
+            freed = 0.0
+            for mineral in sorted(range(len(amounts)), key=lambda m: -amounts[m])[:8]:
+                if amounts[mineral] <= 0 or (full and sum(amounts) - freed < capacity * 0.5):
+                    break
+                frames = min(100, int(amounts[mineral]) + 17) if full else self.rng.randint(1, 20)
+                y = CARGO_FIRST_ROW + CARGO_ROW_HEIGHT * mineral
+                st = yield [f"mouse move {arrow_x} {y}", "mouse down"], frames + 2
+                st = yield ["mouse up"], 3
+                freed += max(0, frames - 16)
+                if not full:
+                    break
             st = yield click(*button), 4
         for _ in range(self.rng.randint(0, 3)):
             st = yield click(self.rng.randint(0, 799), self.rng.randint(40, 599)), 4
