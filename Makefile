@@ -54,7 +54,7 @@ fuzz-build: deps
 fuzz: fuzz-build
 	@./scripts/run-fuzzers $(FUZZ_BUILD) $(FUZZ_SECONDS)
 
-# A long random-input run through every mode; SOAK_FRAMES frames.
+# A long run steered through every mode by tools/soak.py; SOAK_FRAMES frames.
 SOAK_FRAMES ?= 200000
 
 soak: build

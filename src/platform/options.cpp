@@ -29,7 +29,7 @@ const char* usageText() {
          "  --seed N         seed the random generator with N instead of the time\n"
          "  --unthrottled    do not wait between frames\n"
          "  --log-stdout     also print every debug-log line to standard output\n"
-         "  --script FILE    play the scripted input in FILE\n"
+         "  --script FILE    play the scripted input in FILE (-: read it as the game runs)\n"
          "  --new            start a new voyage; it replaces the kept one at the first save\n"
          "  --voyage FILE    keep the voyage in FILE (also for --script and --frames runs)\n"
          "  --autosave MS    save a changed voyage at most every MS milliseconds (default 1000;\n"

@@ -9,6 +9,7 @@
 std::vector<std::string_view> splitTokens(std::string_view line) {
   constexpr std::string_view separators = " ,\t\n";
   std::vector<std::string_view> tokens;
+  tokens.reserve(8);  // the longest lines the formats expect, in one allocation
   std::size_t pos = 0;
   while (pos < line.size()) {
     pos = line.find_first_not_of(separators, pos);

@@ -7,6 +7,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -19,6 +20,7 @@
 #include "platform/data_path.h"
 #include "platform/display_loss.h"
 #include "platform/input_script.h"
+#include "platform/live_script.h"
 #include "platform/options.h"
 #include "platform/random.h"
 #include "platform/window_identity.h"
@@ -51,6 +53,7 @@ bool frameDelay = true;
 std::vector<ScriptCommand> script;
 std::size_t nextCommand = 0;
 long frameNumber = 0;
+std::unique_ptr<LiveScript> liveScript;  // --script -
 long frameLimit = -1;
 int scriptMouseX = 0, scriptMouseY = 0;
 // Scripted key events carry this device number so their modifiers are applied
@@ -118,7 +121,7 @@ void runScriptOutput() {
   for (; nextCommand < script.size() && script[nextCommand].frame <= frameNumber; ++nextCommand) {
     const ScriptCommand& cmd = script[nextCommand];
     if (cmd.kind == ScriptCommand::Kind::State) {
-      std::printf("STATE %s\n", gameStateJson().c_str());
+      std::printf("STATE %s\n", gameStateJson(frameNumber).c_str());
       std::fflush(stdout);
     } else if (cmd.kind == ScriptCommand::Kind::Screenshot) {
       if (SDL_SaveBMP(screen, cmd.file.c_str()) != 0) {
@@ -211,6 +214,7 @@ void runFrame() {
   ++frameNumber;
   beginFrameWork();
   collectSdlEvents();
+  if (liveScript) liveScript->poll(script, nextCommand, frameNumber);
   runScriptInput();
 
   SDL_Event event;
@@ -280,7 +284,11 @@ int gameMain(int argc, char** argv) {
     std::fputs(usageText(), stdout);
     return 0;
   }
-  if (!options.scriptPath.empty() && !loadScript(options.scriptPath, script, error)) {
+  if (options.scriptPath == "-") {
+    char* cwd = getcwd(nullptr, 0);
+    liveScript = std::make_unique<LiveScript>(STDIN_FILENO, cwd ? cwd : "");
+    std::free(cwd);
+  } else if (!options.scriptPath.empty() && !loadScript(options.scriptPath, script, error)) {
     std::fprintf(stderr, "%s\n", error.c_str());
     return 2;
   }

@@ -95,14 +95,14 @@ float readHold(const std::string& line, CargoHold& hold, float capacity, const c
   return sum;
 }
 
-void headerLine(int index, const std::string& line) {
+void headerLine(int index, const std::string& line, const ShipLoader& loadShipNamed) {
   Ship& ship = playerShip;
   switch (index) {
     case 0: {
       char stem[100];
       copyName(stem, line, "ship file name");
       shipStem = stem;
-      loadShip(shipImages, ship, stem);
+      loadShipNamed(ship, stem);
       break;
     }
     case 1:
@@ -207,12 +207,19 @@ bool loadGame(const char* path) {
   DataFile file(hostPath(path));
   savedFile = path;
   savedLine = modeLine = planetLine = 0;
-  shipStem.clear();
   if (!file.isOpen()) {
     reportDataProblem(savedFile, 0, "Couldn't open the saved game %s", path);
     return false;
   }
   logMessagef("Loading: %s", path);
+  readSavedGame(file, path, [](Ship& ship, const char* stem) { loadShip(shipImages, ship, stem); });
+  return true;
+}
+
+void readSavedGame(DataFile& file, const std::string& name, const ShipLoader& loadShipNamed) {
+  savedFile = name;
+  savedLine = modeLine = planetLine = 0;
+  shipStem.clear();
 
   // Lines 0 to 10 are fixed, then one weapon per hardpoint of the ship that
   // line 0 loaded, the ship's hold and the rover's hold; the rest is ignored.
@@ -227,7 +234,7 @@ bool loadGame(const char* path) {
     if (file.lastLineCut()) problem("Saved game: line longer than 999 characters, cut");
     switch (section) {
       case Section::Header:
-        headerLine(lineIndex++, line);
+        headerLine(lineIndex++, line, loadShipNamed);
         if (lineIndex == 11) {
           hardPoints = std::clamp(playerShip.hardPointCount, 0, maxHardPoints);
           section = hardPoints > 0 ? Section::Weapons : Section::ShipHold;
@@ -256,7 +263,6 @@ bool loadGame(const char* path) {
   savedLine = 0;
   if (section != Section::Done) problem("Saved game: ends before the rover's hold line; the rest keep their values");
   checkModeAndPlanet();
-  return true;
 }
 
 const char* savedShipStem() { return shipStem.c_str(); }

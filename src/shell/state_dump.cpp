@@ -8,7 +8,9 @@
 #include "base/game_state.h"
 #include "displays/ship_config.h"
 #include "shell/command_window.h"
+#include "shell/flight.h"
 #include "ship/ship.h"
+#include "surface/surface_map.h"
 #include "universe/star_map.h"
 
 namespace {
@@ -58,16 +60,34 @@ void jsonHold(std::ostringstream& out, const CargoHold& hold) {
   out << ']';
 }
 
+// The deposit not yet emptied nearest the landing site, once a sweep has shown them.
+const MineralDeposit* nearestVisibleDeposit() {
+  if (!gameState.scansTaken) return nullptr;
+  const MineralDeposit* nearest = nullptr;
+  long best = 0;
+  for (const MineralDeposit& d : gameState.deposits) {
+    if (!(d.amount > 0.0f)) continue;
+    const long dx = d.x - landingSite.x, dy = d.y - landingSite.y;
+    if (!nearest || dx * dx + dy * dy < best) {
+      nearest = &d;
+      best = dx * dx + dy * dy;
+    }
+  }
+  return nearest;
+}
+
 }  // namespace
 
-std::string gameStateJson() {
+std::string gameStateJson(long frame) {
   const GameState& s = gameState;
   std::ostringstream out;
   auto field = [&](const char* name, auto value) {
     out << ",\"" << name << "\":";
     jsonNumber(out, value);
   };
-  out << "{\"mode\":" << s.mode;
+  out << '{';
+  if (frame >= 0) out << "\"frame\":" << frame << ',';
+  out << "\"mode\":" << s.mode;
   field("posX", s.posX);
   field("posY", s.posY);
   field("sectorX", s.sectorX);
@@ -88,6 +108,19 @@ std::string gameStateJson() {
     for (int i = 0; i < maxPlanets; ++i) {
       const Planet* p = s.currentObject->Planets[i];
       out << (i ? "," : "") << (p ? p->OrbitAngle : -1);
+    }
+    // Each lane's cell on the system plan, null for an empty lane.
+    out << "],\"PlanetCells\":[";
+    for (int i = 0; i < maxPlanets; ++i) {
+      const Planet* p = s.currentObject->Planets[i];
+      int px = 0, py = 0;
+      if (p) planetCell(i, p->OrbitAngle, px, py);
+      out << (i ? "," : "");
+      if (p) {
+        out << '[' << px << ',' << py << ']';
+      } else {
+        out << "null";
+      }
     }
     out << "]}";
   } else {
@@ -125,6 +158,15 @@ std::string gameStateJson() {
   }
   out << ']';
   field("deposits", s.deposits.size());
+  out << ",\"site\":[" << landingSite.x << ',' << landingSite.y << "],\"rover\":[" << roverPosition.x << ','
+      << roverPosition.y << "],\"nearestDeposit\":";
+  if (const MineralDeposit* d = nearestVisibleDeposit()) {
+    out << '[' << d->x << ',' << d->y << ',' << static_cast<int>(d->kind) << ',';
+    jsonNumber(out, d->amount);
+    out << ']';
+  } else {
+    out << "null";
+  }
   field("currentMenu", getCurrentMenu());
   field("currentItem", getCurrentItem());
   field("itemSelected", isItemSelected());

@@ -13,17 +13,11 @@
 
 namespace {
 
-// Reads the first lineCount counted lines of a component file, handing each to
-// store with its number. A missing file is logged and nothing is stored, so
-// the record keeps what it had.
-void readComponentFile(const std::string& gamePath, int lineCount,
-                       const std::function<void(int, const std::string&, int)>& store) {
-  logMessage(gamePath.c_str());
-  DataFile file(hostPath(gamePath));
-  if (!file.isOpen()) {
-    reportDataProblem(gamePath, 0, "Couldn't open %s", gamePath.c_str());
-    return;
-  }
+using StoreLine = std::function<void(int, const std::string&, int)>;
+
+// Hands the first lineCount counted lines of an open component file to store
+// with their numbers; a shorter file is reported and the rest keep their values.
+void readComponentLines(DataFile& file, const std::string& gamePath, int lineCount, const StoreLine& store) {
   std::string line;
   int index = 0;
   for (; index < lineCount && file.nextField(line); ++index) {
@@ -35,19 +29,49 @@ void readComponentFile(const std::string& gamePath, int lineCount,
   }
 }
 
+// Reads the first lineCount counted lines of a component file. A missing file
+// is logged and nothing is stored, so the record keeps what it had.
+void readComponentFile(const std::string& gamePath, int lineCount, const StoreLine& store) {
+  logMessage(gamePath.c_str());
+  DataFile file(hostPath(gamePath));
+  if (!file.isOpen()) {
+    reportDataProblem(gamePath, 0, "Couldn't open %s", gamePath.c_str());
+    return;
+  }
+  readComponentLines(file, gamePath, lineCount, store);
+}
+
 std::string componentPath(const char* folder, const char* stem) {
   return std::string(".\\") + folder + "\\" + stem + ".txt";
 }
 
 // Class and description: the layout shared by engines, shields and power plants.
-void readClassFile(const char* folder, const char* stem, int& componentClass, std::string& description) {
-  readComponentFile(componentPath(folder, stem), 2, [&](int index, const std::string& line, int) {
+StoreLine classLines(int& componentClass, std::string& description) {
+  return [&componentClass, &description](int index, const std::string& line, int) {
     if (index == 0) {
       componentClass = parseInt(line);
     } else {
       description = line;
     }
-  });
+  };
+}
+
+StoreLine weaponLines(Weapon& weapon, const std::string& gamePath) {
+  return [&weapon, gamePath](int index, const std::string& line, int lineNumber) {
+    if (index == 0) {
+      if (copyText(weapon.weaponType, line))
+        reportDataProblem(gamePath, lineNumber, "weapon type cut to 99 characters");
+    } else if (index == 1) {
+      bool clamped = false;
+      weapon.energyOutput = parseIntClamped(line, clamped);
+      if (clamped) {
+        reportDataProblem(gamePath, lineNumber, "energy output %.20s is past the int range; read as %d", line.c_str(),
+                          weapon.energyOutput);
+      }
+    } else {
+      weapon.description = line;
+    }
+  };
 }
 
 int saturate(long long value) {
@@ -59,15 +83,18 @@ int saturate(long long value) {
 }  // namespace
 
 void loadEngine(Ship& ship) {
-  readClassFile("Engines", ship.engine.name, ship.engine.engineClass, ship.engine.description);
+  readComponentFile(componentPath("Engines", ship.engine.name), 2,
+                    classLines(ship.engine.engineClass, ship.engine.description));
 }
 
 void loadShield(Ship& ship) {
-  readClassFile("Shields", ship.shield.name, ship.shield.shieldClass, ship.shield.description);
+  readComponentFile(componentPath("Shields", ship.shield.name), 2,
+                    classLines(ship.shield.shieldClass, ship.shield.description));
 }
 
 void loadPowerPlant(Ship& ship) {
-  readClassFile("PowerPlants", ship.powerPlant.name, ship.powerPlant.powerPlantClass, ship.powerPlant.description);
+  readComponentFile(componentPath("PowerPlants", ship.powerPlant.name), 2,
+                    classLines(ship.powerPlant.powerPlantClass, ship.powerPlant.description));
 }
 
 void loadWeapons(Ship& ship) {
@@ -78,22 +105,24 @@ void loadWeapons(Ship& ship) {
       continue;
     }
     const std::string path = componentPath("Weapons", hardPoint.weaponName);
-    Weapon& weapon = hardPoint.weapon;
-    readComponentFile(path, 3, [&](int index, const std::string& line, int lineNumber) {
-      if (index == 0) {
-        if (copyText(weapon.weaponType, line)) reportDataProblem(path, lineNumber, "weapon type cut to 99 characters");
-      } else if (index == 1) {
-        bool clamped = false;
-        weapon.energyOutput = parseIntClamped(line, clamped);
-        if (clamped) {
-          reportDataProblem(path, lineNumber, "energy output %.20s is past the int range; read as %d", line.c_str(),
-                            weapon.energyOutput);
-        }
-      } else {
-        weapon.description = line;
-      }
-    });
+    readComponentFile(path, 3, weaponLines(hardPoint.weapon, path));
   }
+}
+
+void readEngine(Engine& engine, DataFile& file, const std::string& gamePath) {
+  readComponentLines(file, gamePath, 2, classLines(engine.engineClass, engine.description));
+}
+
+void readShield(Shield& shield, DataFile& file, const std::string& gamePath) {
+  readComponentLines(file, gamePath, 2, classLines(shield.shieldClass, shield.description));
+}
+
+void readPowerPlant(PowerPlant& powerPlant, DataFile& file, const std::string& gamePath) {
+  readComponentLines(file, gamePath, 2, classLines(powerPlant.powerPlantClass, powerPlant.description));
+}
+
+void readWeapon(Weapon& weapon, DataFile& file, const std::string& gamePath) {
+  readComponentLines(file, gamePath, 3, weaponLines(weapon, gamePath));
 }
 
 void chargeShields(Ship& ship) {

@@ -2,6 +2,7 @@
 #include <string>
 
 struct Ship;
+class DataFile;
 
 struct Engine {
   char name[100] = {};
@@ -34,5 +35,12 @@ void loadEngine(Ship& ship);
 void loadShield(Ship& ship);
 void loadPowerPlant(Ship& ship);
 void loadWeapons(Ship& ship);
+// What the loaders above do with one file, for an open file in hand: the
+// counted lines read into the record, a short file reported against
+// `gamePath` (the file's game path, as ".\\Engines\\Kestrel.txt").
+void readEngine(Engine& engine, DataFile& file, const std::string& gamePath);
+void readShield(Shield& shield, DataFile& file, const std::string& gamePath);
+void readPowerPlant(PowerPlant& powerPlant, DataFile& file, const std::string& gamePath);
+void readWeapon(Weapon& weapon, DataFile& file, const std::string& gamePath);
 // One frame of shield charging (shields online) or draining (offline).
 void chargeShields(Ship& ship);

@@ -85,7 +85,11 @@ float holdCapacity(int cargoHoldCount) {
 bool readShipFile(Ship& ship, const std::string& path) {
   DataFile file(path);
   if (!file.isOpen()) return false;
+  readShipFile(ship, file, path);
+  return true;
+}
 
+void readShipFile(Ship& ship, DataFile& file, const std::string& path) {
   // Lines 0 to 7 are fixed; then one marker line per hardpoint and the
   // description. Everything after the description is ignored.
   int lineIndex = 0;
@@ -175,7 +179,6 @@ bool readShipFile(Ship& ship, const std::string& path) {
   ship.roverHoldFree = roverHoldCapacity;
   ship.shipHold.fill(0.0f);
   ship.roverHold.fill(0.0f);
-  return true;
 }
 
 void loadShip(SDL_Surface** images, Ship& ship, const char* stem) {

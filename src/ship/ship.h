@@ -55,6 +55,8 @@ struct Ship {
   MarkerList powerPlantMarkers;
 };
 
+class DataFile;
+
 extern Ship playerShip;
 extern SDL_Surface* shipImages[shipImageCount];
 
@@ -64,6 +66,8 @@ void loadShip(SDL_Surface** images, Ship& ship, const char* stem);
 // and sets the state values that follow it. Returns false, leaving the record
 // as it was, when the file cannot be opened.
 bool readShipFile(Ship& ship, const std::string& path);
+// The same for an open file; `path` names it in reports.
+void readShipFile(Ship& ship, DataFile& file, const std::string& path);
 // A marker line: x, y pairs split at any run of blanks, commas and tabs. An
 // unpaired last coordinate is dropped; *dropped tells the caller about it.
 MarkerList parseMarkerList(std::string_view line, bool* dropped = nullptr);

@@ -227,6 +227,8 @@ class StarmapReader {
     note("line longer than %d characters cut", static_cast<int>(DataFile::maxLineLength));
   }
 
+  const std::vector<StarMapPosition>& placed() const { return placed_; }
+
   // A file that stops inside a record leaves that record partly read.
   void finish() {
     if (field_ == Field::Column) return;
@@ -266,6 +268,7 @@ class StarmapReader {
         cell.object = nullptr;
       } else {
         starMapCounts.totalStars += 1;
+        placed_.push_back({column_, row});
       }
       cell.object = new StellarObject;
       object_ = cell.object;
@@ -310,6 +313,7 @@ class StarmapReader {
   Planet* planet_ = nullptr;
   std::unique_ptr<StellarObject> scratchObject_;
   std::unique_ptr<Planet> scratchPlanet_;
+  std::vector<StarMapPosition> placed_;
 };
 
 // Reads an image in whatever depth the file has into plain 32-bit XRGB with the
@@ -523,6 +527,25 @@ void clearStarMap(StarMap& map) {
   }
 }
 
+std::vector<StarMapPosition> readStarmap(StarMap& map, DataFile& file, const std::string& name) {
+  StarmapReader reader(map, name);
+  std::string line;
+  while (file.nextField(line)) {
+    if (file.lastLineCut()) reader.noteCutLine(file.lineNumber());
+    reader.read(line, file.lineNumber());
+  }
+  reader.finish();
+  return reader.placed();
+}
+
+void clearStarMapCells(StarMap& map, const std::vector<StarMapPosition>& cells) {
+  for (const StarMapPosition& p : cells) {
+    StarMapCell& cell = map[p.x][p.y];
+    freeObject(cell.object);
+    cell.object = nullptr;
+  }
+}
+
 void loadStarmapFile(StarMap& map, const char* path) {
   logMessage("Loading Starmap");
   clearStarMap(map);
@@ -531,13 +554,7 @@ void loadStarmapFile(StarMap& map, const char* path) {
   if (!file.isOpen()) {
     reportDataProblem(fileName(path), 0, "Can't open %s; the star map stays empty", path);
   } else {
-    StarmapReader reader(map, fileName(path));
-    std::string line;
-    while (file.nextField(line)) {
-      if (file.lastLineCut()) reader.noteCutLine(file.lineNumber());
-      reader.read(line, file.lineNumber());
-    }
-    reader.finish();
+    readStarmap(map, file, fileName(path));
   }
   const int* c = starMapCounts.classCounts;
   logMessagef("Total stars: %d, Total planets: %d", starMapCounts.totalStars, starMapCounts.totalPlanets);
@@ -556,6 +573,17 @@ void loadStarImages() {
   }
 }
 
+void readPlanetColors(DataFile& file, const std::string& name) {
+  std::memset(planetColorTables, 0, sizeof planetColorTables);
+  ColorTableReader reader(name);
+  std::string line;
+  while (file.nextField(line)) {
+    if (file.lastLineCut()) reader.noteCutLine(file.lineNumber());
+    reader.read(line, file.lineNumber());
+  }
+  reader.finish();
+}
+
 void loadPlanetColors(const char* path) {
   std::memset(planetColorTables, 0, sizeof planetColorTables);
   DataFile file(path);
@@ -564,13 +592,7 @@ void loadPlanetColors(const char* path) {
     reportDataProblem(fileName(path), 0, "Can't open %s; the planet colour tables stay empty", path);
     return;
   }
-  ColorTableReader reader(fileName(path));
-  std::string line;
-  while (file.nextField(line)) {
-    if (file.lastLineCut()) reader.noteCutLine(file.lineNumber());
-    reader.read(line, file.lineNumber());
-  }
-  reader.finish();
+  readPlanetColors(file, fileName(path));
 }
 
 void loadStarmap(StarMap& map) {

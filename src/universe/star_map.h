@@ -2,6 +2,8 @@
 #include <SDL.h>
 
 #include <cstdint>
+#include <string>
+#include <vector>
 
 #include "universe/planet.h"
 
@@ -51,6 +53,22 @@ void loadStarmap(StarMap& map);
 void loadStarmapFile(StarMap& map, const char* path);
 void loadStarImages();
 void loadPlanetColors(const char* path);
+
+// A cell of the star map by column and row.
+struct StarMapPosition {
+  int x = 0;
+  int y = 0;
+};
+class DataFile;
+// The star map records of an open file read into a map that holds none of
+// them yet (loadStarmapFile empties the whole map first), counted into
+// starMapCounts; problems are reported against `name`. Returns every cell it
+// put an object in, so a caller reading text after text can empty just those.
+std::vector<StarMapPosition> readStarmap(StarMap& map, DataFile& file, const std::string& name);
+// Releases the objects in the given cells and empties them; the rest of the map stays.
+void clearStarMapCells(StarMap& map, const std::vector<StarMapPosition>& cells);
+// The colour tables emptied, then filled from an open file; problems name `name`.
+void readPlanetColors(DataFile& file, const std::string& name);
 // Releases every object and planet of the map and empties its cells and view lists.
 void clearStarMap(StarMap& map);
 
