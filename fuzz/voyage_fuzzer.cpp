@@ -3,15 +3,35 @@
 // same game for everything the format holds. Seeds are the saved-game corpus.
 #include <cstdint>
 #include <cstring>
+#include <map>
 #include <string>
 
 #include "base/game_state.h"
 #include "fuzz_support.h"
+#include "platform/data_file.h"
 #include "shell/saved_game.h"
 #include "shell/saved_game_writer.h"
 #include "ship/ship.h"
 
 namespace {
+
+// The ships the seed games name, read once from memory; a made-up name finds
+// none, as a missing file would.
+std::map<std::string, Ship> ships;
+
+void keepShip(const char* name, const char* text) {
+  DataFile file(DataFile::Text{text});
+  readShipFile(ships[name], file, name);
+}
+
+// Reads a saved game's text from memory as start-up reads the file.
+void readGame(const std::string& text) {
+  DataFile file(DataFile::Text{text});
+  readSavedGame(file, "NewGame.sav", [](Ship& ship, const char* stem) {
+    const auto found = ships.find(stem);
+    if (found != ships.end()) ship = found->second;
+  });
+}
 
 // The state a fresh start has before a saved game is read.
 void resetGame() {
@@ -26,25 +46,23 @@ bool sameText(const char* a, const char* b) { return std::strcmp(a, b) == 0; }
 }  // namespace
 
 extern "C" int LLVMFuzzerInitialize(int*, char***) {
-  enterScratchDirectory();
-  writeScratchFile("Ships/Twin.txt", "Twin\nGunboat\n90\n4\n2\n1,1\n2,2\n3,3\n4,4\n5,5\nTwo guns.\n");
-  writeScratchFile("Ships/Bare.txt", "Bare\nHauler\n80\n2\n0\n1,1\n2,2\n3,3\nNo guns.\n");
-  writeScratchFile("Ships/Wide.txt", "Wide\nBarge\n300\n30\n25\n1 1\n2 2\n3 3\n4 4\nMore mounts than fit.\n");
+  keepShip("Twin", "Twin\nGunboat\n90\n4\n2\n1,1\n2,2\n3,3\n4,4\n5,5\nTwo guns.\n");
+  keepShip("Bare", "Bare\nHauler\n80\n2\n0\n1,1\n2,2\n3,3\nNo guns.\n");
+  keepShip("Wide", "Wide\nBarge\n300\n30\n25\n1 1\n2 2\n3 3\n4 4\nMore mounts than fit.\n");
   return 0;
 }
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  writeScratchFile("NewGame.sav", data, size);
   resetGame();
-  if (!loadGame("NewGame.sav")) return 0;
+  readGame(std::string(reinterpret_cast<const char*>(data), size));
   const GameState first = gameState;
   const Ship ship = playerShip;
   const std::string stem = savedShipStem();
   const bool complete = ship.fuel == 999;  // set once the rover's hold line is read
 
-  writeScratchFile("voyage.sav", savedGameText());
+  const std::string written = savedGameText();
   resetGame();
-  fuzzCheck(loadGame("voyage.sav"), "the written voyage cannot be opened");
+  readGame(written);
   const GameState& g = gameState;
   const Ship& again = playerShip;
   fuzzCheck(again.fuel == 999, "the written voyage ends before the rover's hold line");
