@@ -401,8 +401,8 @@ class Pilot:
             return [f"mouse move {x} {y}"] + (["mouse down", "mouse up"] if self.rng.random() < 0.5 else []), 4
         if r < 0.5:
             row = self.rng.randrange(MENU_ROWS.get(st["currentMenu"], 6))
-            if st["mode"] == SURFACE and (st["currentMenu"], row) == (NAVIGATOR, STARMAP):
-                row = MANEUVER  # the chart opened on the surface cannot be closed again
+            if st["mode"] in (ORBIT, SURFACE) and (st["currentMenu"], row) == (NAVIGATOR, STARMAP):
+                row = MANEUVER  # the chart opened in orbit or on the surface cannot be closed again
             return row_click(row), 6
         if r < 0.7:
             key = self.rng.choice(["up", "down", "left", "right"])
