@@ -115,9 +115,14 @@ class Pilot:
             self.stalls += 1
             print(f"soak: no progress in mode {st['mode']} by frame {st['frame']} (menu {st['currentMenu']}, item "
                   f"{st['currentItem']}, selected {st['itemSelected']}, maneuver {st['maneuverOn']}, scan "
-                  f"{st['scanRunning']}, descent {st['descentRunning']}, launch {st['launchRunning']}); shaking it",
+                  f"{st['scanRunning']}, descent {st['descentRunning']}, launch {st['launchRunning']}, windows "
+                  f"{st['cargoOpen']}{st['configOpen']}{st['navigationOpen']}{st['showShipStatus']}); shaking it",
                   flush=True)
-            return sum((self.random_input(st)[0] for _ in range(6)), []) + row_click(0) + click(*FULL_WINDOW_CLOSE), 10
+            self.in_window = False
+            shake = sum((self.random_input(st)[0] for _ in range(6)), [])
+            shake += ["key up up", "key up left", "key up right", "key up down"] + click(*CHART_CLOSE)
+            shake += (["key down e", "key up e"] if st["configOpen"] else []) + click(*FULL_WINDOW_CLOSE)
+            return shake + row_click(0), 10
         if self.rng.random() < self.random_share:
             return self.random_input(st)
         cleanup = self.close_stray_windows(st)
@@ -396,6 +401,8 @@ class Pilot:
             return [f"mouse move {x} {y}"] + (["mouse down", "mouse up"] if self.rng.random() < 0.5 else []), 4
         if r < 0.5:
             row = self.rng.randrange(MENU_ROWS.get(st["currentMenu"], 6))
+            if st["mode"] in (ORBIT, SURFACE) and (st["currentMenu"], row) == (NAVIGATOR, STARMAP):
+                row = MANEUVER  # the chart opened in orbit or on the surface cannot be closed again
             return row_click(row), 6
         if r < 0.7:
             key = self.rng.choice(["up", "down", "left", "right"])
@@ -564,7 +571,7 @@ def main():
         lines.append(f"at {max(frame, st['frame'] + wait)} state")
         if trace:
             gist = {k: st[k] for k in ("frame", "mode", "currentMenu", "currentItem", "itemSelected", "maneuverOn",
-                                       "scansTaken", "scanRunning", "descentRunning", "launchRunning", "cargoOpen", "configOpen", "navigationOpen", "speed", "heading", "sysX", "sysY", "posX", "posY", "site",
+                                       "scansTaken", "scanRunning", "descentRunning", "launchRunning", "cargoOpen", "configOpen", "navigationOpen", "showShipStatus", "speed", "heading", "sysX", "sysY", "posX", "posY", "site",
                                        "rover", "nearestDeposit")}
             gist["holds"] = (st["ship"]["shipHoldFree"], st["ship"]["roverHoldFree"], st["cargoOpen"])
             trace.write(f"{json.dumps(gist)}\n    {lines}\n")
