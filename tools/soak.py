@@ -591,8 +591,13 @@ def main():
         ok = False
     first, last = checker.rss_window(True), checker.rss_window(False)
     if not last <= first + REQUIRED["rss_growth_mb"]:
-        print(f"soak: FAILED: resident memory {first:.1f} MB early, {last:.1f} MB late")
-        ok = False
+        # In a short run the first tenth is start-up, still filling its caches
+        # and heap: only a run of half the reference length or more is judged.
+        if args.frames >= REFERENCE_FRAMES // 2:
+            print(f"soak: FAILED: resident memory {first:.1f} MB early, {last:.1f} MB late")
+            ok = False
+        else:
+            print(f"soak: note: resident memory {first:.1f} MB early, {last:.1f} MB late (not judged in a short run)")
     if checker.last_frame < args.frames:
         print(f"soak: FAILED: the run stopped at frame {checker.last_frame}")
         ok = False
