@@ -49,6 +49,17 @@ bool parseOptions(int argc, const char* const* argv, Options& options, std::stri
       out = argv[++i];
       return true;
     };
+    // A file or directory named after the option: an empty name is refused.
+    auto path = [&](std::string& out, const char* what) {
+      const char* name = nullptr;
+      if (!value(name)) return false;
+      if (!*name) {
+        error = std::string(arg) + " needs a " + what;
+        return false;
+      }
+      out = name;
+      return true;
+    };
     const char* text = nullptr;
     long n = 0;
     if (arg == "--help" || arg == "-h") {
@@ -67,26 +78,11 @@ bool parseOptions(int argc, const char* const* argv, Options& options, std::stri
       }
       options.scale = static_cast<int>(n);
     } else if (arg == "--data") {
-      if (!value(text)) return false;
-      if (!*text) {
-        error = "--data needs a directory";
-        return false;
-      }
-      options.dataDir = text;
+      if (!path(options.dataDir, "directory")) return false;
     } else if (arg == "--script") {
-      if (!value(text)) return false;
-      if (!*text) {
-        error = "--script needs a file";
-        return false;
-      }
-      options.scriptPath = text;
+      if (!path(options.scriptPath, "file")) return false;
     } else if (arg == "--frame-times") {
-      if (!value(text)) return false;
-      if (!*text) {
-        error = "--frame-times needs a file";
-        return false;
-      }
-      options.frameTimesPath = text;
+      if (!path(options.frameTimesPath, "file")) return false;
     } else if (arg == "--frames") {
       if (!value(text)) return false;
       if (!parseNumber(text, 0, LONG_MAX, n)) {
@@ -104,12 +100,7 @@ bool parseOptions(int argc, const char* const* argv, Options& options, std::stri
     } else if (arg == "--new") {
       options.newVoyage = true;
     } else if (arg == "--voyage") {
-      if (!value(text)) return false;
-      if (!*text) {
-        error = "--voyage needs a file";
-        return false;
-      }
-      options.voyagePath = text;
+      if (!path(options.voyagePath, "file")) return false;
     } else if (arg == "--autosave") {
       if (!value(text)) return false;
       if (!parseNumber(text, 0, 3600000, n)) {
