@@ -75,4 +75,6 @@ TEST(StalePanesEndToEnd, SweepHistoryWindowsAndCaptureLeaveNothingBehind) {
   const SurfacePtr shown = shot("captured");
   ASSERT_TRUE(shown);
   for (int b = firstBorder; b < 6; ++b) EXPECT_EQ(differing(swept.get(), shown.get(), boxes[b]), 0) << "border " << b;
+  // The command window and the strip are back as well, not left blank until the pointer moves.
+  for (int b = 0; b < 2; ++b) EXPECT_GT(litPixels(shown.get(), boxes[b][0], boxes[b][1], boxes[b][2], boxes[b][3]), 0);
 }

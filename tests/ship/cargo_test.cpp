@@ -182,6 +182,8 @@ TEST_F(CargoTest, AmountsAndTotalsAreDrawnInTheirFormats) {
     const char* text;
   } rows[] = {{0, 9.99f, "/  9.99 CU"}, {1, 10.0f, "/ 10.00 CU"}, {2, 100.0f, "/100.00 CU"}};
   for (const auto& r : rows) ship.shipHold[r.mineral] = r.amount;
+  cargoWindow.jettisonSelection[ShipsHold][1] = 1.5f;
+  cargoWindow.jettisonSelection[ShipsHold][2] = 2.0f;
   BitmapFont* text = fontTable.fonts[2];
   for (float capacity : {999.99f, 50.0f}) {
     ship.shipHoldCapacity = capacity;
@@ -194,6 +196,7 @@ TEST_F(CargoTest, AmountsAndTotalsAreDrawnInTheirFormats) {
   }
   // The selection ends at x = 203: "0.00" right-aligned against it.
   EXPECT_TRUE(showsText(screen, 203 - textWidth(text, "0.00"), 70, text, "0.00"));
+  EXPECT_TRUE(showsText(screen, 203 - textWidth(text, "3.50"), 520, text, "3.50")) << "the selections' sum";
 }
 
 // The green frame is checked through the game; here the arrow under the pointer
