@@ -126,12 +126,14 @@ TEST_F(FlightTest, FlyingOntoAPlanetsCellEstablishesOrbitAndLeavingPutsTheShipPa
   toggleItemSelected();
   gameState = {.mode = System, .sysX = 7025, .sysY = 4130, .heading = 35, .currentObject = &object, .maneuverOn = 1};
   gameState.scansTaken = 1;
+  for (char* line : gameState.analysisLines) std::snprintf(line, 8, "%s", "stale");  // a last planet's analysis
   runSystemFrame();
   EXPECT_EQ(std::tuple(gameState.mode, gameState.currentPlanet, gameState.maneuverOn, gameState.heading,
                        gameState.scansTaken),
             std::tuple(Orbit, 2, 0, 0, 0));
   EXPECT_FALSE(isActive(4, 0));
-  EXPECT_STREQ(gameState.analysisLines[3], scansFirstText);
+  EXPECT_EQ(std::vector<std::string>(std::begin(gameState.analysisLines), std::end(gameState.analysisLines)),
+            (std::vector<std::string>{" ", " ", " ", scansFirstText}));
   EXPECT_STREQ(lastMessage(), "Orbit established");
   EXPECT_STREQ(lastMessage(1), "Entering orbit");
 
