@@ -186,27 +186,23 @@ void startVoyage(const char* newGamePath) {
   // A failed attempt may have loaded part of its file; the next starts clean.
   const Ship shipBefore = playerShip;
   const GameState stateBefore = gameState;
-  const std::string backup = voyagePath + ".bak";
-  if (exists(voyagePath)) {
-    if (loadsCleanly(voyagePath)) {
+  // Continues from `path` when it loads cleanly; a file that does not is set
+  // aside as .broken and the state goes back to what it was.
+  auto continueFrom = [&](const std::string& path) {
+    if (loadsCleanly(path)) {
       say("Voyage continued");
-      return;
+      return true;
     }
-    if (setAside(voyagePath))
-      say("%s could not be read; kept as %s.broken", nameOf(voyagePath).c_str(), nameOf(voyagePath).c_str());
+    if (setAside(path)) say("%s could not be read; kept as %s.broken", nameOf(path).c_str(), nameOf(path).c_str());
     playerShip = shipBefore;
     gameState = stateBefore;
-  }
+    return false;
+  };
+  if (exists(voyagePath) && continueFrom(voyagePath)) return;
+  const std::string backup = voyagePath + ".bak";
   if (exists(backup)) {
     say("Trying the backup %s", nameOf(backup).c_str());
-    if (loadsCleanly(backup)) {
-      say("Voyage continued");
-      return;
-    }
-    if (setAside(backup))
-      say("%s could not be read; kept as %s.broken", nameOf(backup).c_str(), nameOf(backup).c_str());
-    playerShip = shipBefore;
-    gameState = stateBefore;
+    if (continueFrom(backup)) return;
   }
   loadGame(newGamePath);
   say("New voyage");
