@@ -12,8 +12,6 @@
 
 namespace {
 
-float holdSum(const CargoHold& hold) { return std::accumulate(hold.begin(), hold.end(), 0.0f); }
-
 class RoverTest : public GameTest {
  protected:
   void SetUp() override {
@@ -21,24 +19,24 @@ class RoverTest : public GameTest {
     if (!surfaceWorkSurface) initGameWindow(shipImages, &fontTable, &playerShip);
     terrain = Terrain{};
     std::strcpy(planet.Hydro, "Green");  // elevation e shades as the pixel e << 8
-    playerShip.roverHold = {};
+    playerShip.roverHold = {}, playerShip.shipHold = {};
     playerShip.roverHoldFree = 50.0f;
-    playerShip.shipHold = {};
-    playerShip.shipHoldCapacity = 200.0f;
-    playerShip.shipHoldFree = 200.0f;
+    playerShip.shipHoldCapacity = playerShip.shipHoldFree = 200.0f;
     roverPosition = SurfacePoint{1800, 900};
     SDL_FillRect(screen, nullptr, 0);
   }
-  int messagesSince(int start) const { return messageWindow.writeIndex - start; }
+  void view(MineralDepositList& deposits, int heading = 0, int dx = 0, int dy = 0) {
+    drawSurfaceView(screen, &planet, 255, heading, dx, dy, deposits);
+  }
   Planet planet;
+  MineralDepositList none;
 };
 
 }  // namespace
 
 TEST_F(RoverTest, CollectionTakesWhatTheHoldHasRoomFor) {
   const struct {
-    float free, amount;
-    float taken, left;
+    float free, amount, taken, left;
     const char* message;  // nullptr: no message
   } cases[] = {{50.0f, 9.99f, 9.99f, 0.0f, "Collected 9.99cu of Iron"},
                {3.0f, 9.99f, 3.0f, 6.99f, "Collected 3.00cu of Iron"},
@@ -50,20 +48,26 @@ TEST_F(RoverTest, CollectionTakesWhatTheHoldHasRoomFor) {
     playerShip.roverHoldFree = c.free;
     MineralDepositList deposits = {{180, 90, 1, c.amount}};
     const int before = messageWindow.writeIndex;
-    drawSurfaceView(screen, &planet, 255, 0, 0, 0, deposits);
+    view(deposits);
+    const float sum = std::accumulate(playerShip.roverHold.begin(), playerShip.roverHold.end(), 0.0f);
     EXPECT_NEAR(playerShip.roverHold[1], c.taken, 1e-4) << c.free;
     EXPECT_NEAR(deposits[0].amount, c.left, 1e-4) << c.free;
-    EXPECT_NEAR(playerShip.roverHoldFree, 50.0f - holdSum(playerShip.roverHold), 1e-4);
-    EXPECT_EQ(messagesSince(before), c.message ? 1 : 0) << c.free;
-    if (c.message) {
-      EXPECT_STREQ(lastMessage(), c.message);
-    }
+    EXPECT_NEAR(playerShip.roverHoldFree, 50.0f - sum, 1e-4);
+    EXPECT_EQ(messageWindow.writeIndex - before, c.message ? 1 : 0) << c.free;
+    EXPECT_STREQ(c.message ? lastMessage() : nullptr, c.message);
   }
   MineralDeposit deposit{0, 0, 1, 5.0f};
-  playerShip.roverHoldFree = 0.0f;
-  EXPECT_FALSE(collectDeposit(deposit)) << "a full hold takes nothing";
-  playerShip.roverHoldFree = 1.0f;
-  EXPECT_TRUE(collectDeposit(deposit));
+  EXPECT_TRUE((playerShip.roverHoldFree = 0.0f, !collectDeposit(deposit)) &&
+              (playerShip.roverHoldFree = 1.0f, collectDeposit(deposit)))
+      << "a full hold takes nothing";
+  // Bad deposits and view images are skipped.
+  LogWatch log;
+  playerShip.roverHold = {}, playerShip.roverHoldFree = 50.0f;
+  MineralDepositList bad = {{180, 90, 40, 5.0f}, {-3, 90, 1, 5.0f}, {180, 900, 1, 5.0f}};
+  view(bad, 500);
+  drawSurfaceView(screen, &planet, 300, -7, 0, 0, bad);
+  EXPECT_EQ(std::pair(playerShip.roverHoldFree, bad[0].amount), std::pair(50.0f, 5.0f));
+  EXPECT_TRUE(log.saw("no mineral 40"));
 }
 
 // The view word for word: every tile walks the whole list. The quick view must
@@ -72,22 +76,19 @@ void literalView(SDL_Surface* view, SDL_Surface* target, const MineralDepositLis
   const int X = px / 10, Y = py / 10, rx = px % 10, ry = py % 10;
   for (int a = 0; a < 30; ++a) {
     for (int b = 0; b < 21; ++b) {
-      const int cx = (X + a - 15 + 360) % 360, cy = (Y + b - 10 + 180) % 180;
+      const int cx = (X + a - 15 + 360) % 360, cy = (Y + b - 10 + 180) % 180, x = 10 * a - rx, y = 10 * b - ry;
       const Uint32 shade = terrain.cells[cx * 180 + cy] << 8;
-      boxColor(view, 10 * a - rx, 10 * b - ry, 10 * a + 10 - rx, 10 * b + 10 - ry, (shade << 8) | 255);
+      boxColor(view, x, y, x + 10, y + 10, (shade << 8) | 255);
       for (const MineralDeposit& d : deposits) {
         if (d.x != cx || d.y != cy || d.amount == 0) continue;
-        filledCircleColor(view, 10 * a + 5 - rx, 10 * b + 5 - ry, 4, mineralColor(d.kind, 128));
-        circleRGBA(view, 10 * a + 5 - rx, 10 * b + 5 - ry, 4, 128, 128, 128, 128);
-        circleColor(view, 10 * a + 5 - rx, 10 * b + 5 - ry, 3, mineralColor(d.kind, 255));
+        filledCircleColor(view, x + 5, y + 5, 4, mineralColor(d.kind, 128));
+        circleRGBA(view, x + 5, y + 5, 4, 128, 128, 128, 128);
+        circleColor(view, x + 5, y + 5, 3, mineralColor(d.kind, 255));
       }
     }
   }
-  if (SDL_Surface* rover = shipImages[72]) {
-    SDL_Rect at{140, 87, 0, 0};
-    SDL_BlitSurface(rover, nullptr, view, &at);
-  }
-  SDL_Rect source{10, 10, 280, 190}, dest{10, 310, 0, 0};
+  SDL_Rect at{140, 87, 0, 0}, source{10, 10, 280, 190}, dest{10, 310, 0, 0};
+  if (shipImages[72]) SDL_BlitSurface(shipImages[72], nullptr, view, &at);
   SDL_BlitSurface(view, &source, target, &dest);
 }
 
@@ -95,29 +96,51 @@ TEST_F(RoverTest, QuickViewDrawsWhatTheWholeListWalkDraws) {
   seedRandom(5);
   for (auto& cell : terrain.cells) cell = static_cast<std::uint8_t>(nextRandom() % 256);
   MineralDepositList deposits;
-  for (int x = 0; x < 360; ++x)
-    for (int y = 0; y < 180; ++y)
-      if (nextRandom() % 3 == 0)
-        deposits.push_back({x, y, static_cast<std::uint8_t>(nextRandom() % 22), (nextRandom() % 1000) / 100.0f});
+  for (int i = 0; i < 360 * 180; ++i)
+    if (nextRandom() % 3 == 0)
+      deposits.push_back({i / 180, i % 180, std::uint8_t(nextRandom() % 22), (nextRandom() % 1000) / 100.0f});
   deposits.push_back({3, 176, 4, 1.0f});   // a second deposit in a cell, drawn over the first
   deposits.push_back({180, 91, 6, 0.0f});  // an emptied one over it, not drawn
   const SDL_PixelFormat* f = surfaceWorkSurface->format;
-  const SurfacePtr view(SDL_CreateRGBSurface(SDL_SWSURFACE, 300, 210, 32, f->Rmask, f->Gmask, f->Bmask, f->Amask));
+  const SurfacePtr work(SDL_CreateRGBSurface(SDL_SWSURFACE, 300, 210, 32, f->Rmask, f->Gmask, f->Bmask, f->Amask));
   const SurfacePtr want = blankSurface(800, 600);
-  const SurfacePoint places[] = {{1803, 907}, {7, 1789}, {3589, 3}, {34, 1764}};
-  for (const SurfacePoint& at : places) {
+  for (const SurfacePoint& at : {SurfacePoint{1803, 907}, {7, 1789}, {3589, 3}, {34, 1764}}) {
     roverPosition = at;
     playerShip.roverHoldFree = 0.0f;  // nothing collected: both draw the same list
-    drawSurfaceView(screen, &planet, 255, 0, 0, 0, deposits);
-    literalView(view.get(), want.get(), deposits, at.x, at.y);
+    view(deposits);
+    literalView(work.get(), want.get(), deposits, at.x, at.y);
     int differing = 0;
-    for (int y = 310; y < 500; ++y)
-      for (int x = 10; x < 290; ++x) differing += pixelRGB(screen, x, y) != pixelRGB(want.get(), x, y);
+    for (int i = 0; i < 280 * 190; ++i)
+      differing += pixelRGB(screen, 10 + i % 280, 310 + i / 280) != pixelRGB(want.get(), 10 + i % 280, 310 + i / 280);
     EXPECT_EQ(differing, 0) << at.x << "," << at.y;
   }
 }
 
-TEST_F(RoverTest, DrivingWrapsAtTheEdgesOfTheMap) {
+// Wherever in its cell the rover is, heading north or south, the middle of its
+// picture lies on its own tile, which the view draws from 150 - rx, 400 - ry.
+TEST_F(RoverTest, PictureStandsOnTheRoversOwnTile) {
+  SDL_Surface* saved[std::size(shipImages)];
+  std::copy(std::begin(shipImages), std::end(shipImages), saved);
+  std::fill(std::begin(shipImages), std::end(shipImages), nullptr);
+  Ship ship;
+  loadShip(shipImages, ship, "Surveyor");
+  for (int headingIndex : {0, 36})
+    for (auto [rx, ry] : {std::pair{0, 0}, {9, 9}, {0, 9}, {9, 0}, {4, 6}}) {
+      roverPosition = SurfacePoint{1800 + rx, 900 + ry};
+      view(none, headingIndex);  // terrain 0 everywhere: only the rover is lit
+      int left = 800, right = -1, top = 600, bottom = -1;
+      for (int i = 0; i < 280 * 190; ++i)
+        if (const int x = 10 + i % 280, y = 310 + i / 280; pixelRGB(screen, x, y))
+          left = std::min(left, x), right = std::max(right, x), top = std::min(top, y), bottom = std::max(bottom, y);
+      const double midX = (left + right) / 2.0, midY = (top + bottom) / 2.0;  // no rover: far off its tile
+      EXPECT_TRUE(midX >= 150 - rx && midX <= 160 - rx && midY >= 400 - ry && midY <= 410 - ry)
+          << "heading " << headingIndex << ", rover at " << rx << "," << ry << ": " << midX << "," << midY;
+    }
+  for (SDL_Surface*& image : shipImages) SDL_FreeSurface(image);
+  std::copy(std::begin(saved), std::end(saved), shipImages);
+}
+
+TEST_F(RoverTest, DrivingWrapsAtTheEdgesOfTheMapAndLaunchTransfersWhatFits) {
   const struct {
     SurfacePoint from;
     int dx, dy;
@@ -126,48 +149,35 @@ TEST_F(RoverTest, DrivingWrapsAtTheEdgesOfTheMap) {
                {{10, 1789}, 0, -2, {10, 0}},  {{1800, 900}, 3, -2, {1797, 902}}, {{0, 0}, 0, 0, {0, 0}}};
   for (const auto& c : cases) {
     roverPosition = c.from;
-    MineralDepositList none;
-    drawSurfaceView(screen, &planet, 255, 0, c.dx, c.dy, none);
+    view(none, 0, c.dx, c.dy);
     EXPECT_EQ(std::tuple(roverPosition.x, roverPosition.y, landingSite.x, landingSite.y),
               std::tuple(c.to.x, c.to.y, c.to.x / 10, c.to.y / 10))
         << c.from.x << "," << c.from.y;
   }
-}
-
-TEST_F(RoverTest, LaunchTransferLeavesWhatTheShipCannotTake) {
-  playerShip.shipHold[1] = 195.0f;
-  playerShip.shipHoldFree = 5.0f;
-  playerShip.roverHold[0] = 3.0f;  // Lead
-  playerShip.roverHold[1] = 4.0f;  // Iron
-  playerShip.roverHoldFree = 43.0f;
+  playerShip.shipHold[1] = 195.0f, playerShip.shipHoldFree = 5.0f;
+  playerShip.roverHold[0] = 3.0f, playerShip.roverHold[1] = 4.0f, playerShip.roverHoldFree = 43.0f;
   transferRoverCargo();
-  EXPECT_EQ((std::vector{playerShip.shipHold[0], playerShip.shipHold[1], playerShip.shipHoldFree}),
-            (std::vector{3.0f, 197.0f, 0.0f}));
-  EXPECT_EQ((std::vector{playerShip.roverHold[0], playerShip.roverHold[1], playerShip.roverHoldFree}),
-            (std::vector{0.0f, 2.0f, 48.0f}));
+  EXPECT_EQ((std::vector{playerShip.shipHold[0], playerShip.shipHold[1], playerShip.shipHoldFree,
+                         playerShip.roverHold[0], playerShip.roverHold[1], playerShip.roverHoldFree}),
+            (std::vector{3.0f, 197.0f, 0.0f, 0.0f, 2.0f, 48.0f}));
 }
 
 TEST_F(RoverTest, ExhaustStreaksStepFadeAndStartAgain) {
   setAltitude(255);
   const int ages[] = {0, 5, 9, 10, 12, 14}, offsets[] = {-9, -6, -3, 0, 3, 6};
-  for (int i = 0; i < 6; ++i) {
-    exhaustStreaks[i].age = static_cast<std::int8_t>(ages[i]);
-    exhaustStreaks[i].offset = static_cast<std::int8_t>(offsets[i]);
-    exhaustStreaks[i].drift = i % 2 == 0 ? 1 : 0;
-  }
-  MineralDepositList none;
+  for (int i = 0; i < 6; ++i) exhaustStreaks[i] = {std::int8_t(ages[i]), std::int8_t(offsets[i]), i % 2 == 0 ? 1 : 0};
   // 255 -> 250, a multiple of ten: every streak steps and is drawn over the black view.
   drawLandingSequence(screen, &planet, 1, 0, none);
   EXPECT_EQ(getAltitude(), 250);
   const int movedOffsets[] = {-8, -7, -2, -1, 4, 5};
   const int alphas[] = {230, 105, 5, 236, 186, 136};  // ages 1, 6, 10, 11, 13, 15
   for (int i = 0; i < 6; ++i) {
-    EXPECT_EQ(exhaustStreaks[i].offset, movedOffsets[i]);
-    EXPECT_EQ(exhaustStreaks[i].age, ages[i] + 1);
+    EXPECT_EQ(std::pair(int(exhaustStreaks[i].offset), int(exhaustStreaks[i].age)),
+              std::pair(movedOffsets[i], ages[i] + 1));
     // Each streak is a line from 408 to 433 of (128, 128, 255) at its age's alpha, below the rover's picture.
-    const Uint32 p = pixelRGB(screen, 150 + movedOffsets[i], 410);
-    EXPECT_NEAR(static_cast<int>(p & 0xFF), 255 * alphas[i] / 256, 1) << i;
-    EXPECT_TRUE(pixelRGB(screen, 150 + movedOffsets[i], 407) == 0 && pixelRGB(screen, 150 + movedOffsets[i], 433));
+    const int x = 150 + movedOffsets[i];
+    EXPECT_NEAR(static_cast<int>(pixelRGB(screen, x, 410) & 0xFF), 255 * alphas[i] / 256, 1) << i;
+    EXPECT_TRUE(pixelRGB(screen, x, 407) == 0 && pixelRGB(screen, x, 433));
   }
   // 250 -> 245: drawn as they are. 245 -> 240: the oldest starts again younger; the others step on.
   drawLandingSequence(screen, &planet, 1, 0, none);
@@ -176,39 +186,15 @@ TEST_F(RoverTest, ExhaustStreaksStepFadeAndStartAgain) {
   EXPECT_LT(exhaustStreaks[5].age, 15);
 }
 
-TEST_F(RoverTest, BadDepositsAndImagesAreSkipped) {
-  LogWatch log;
-  MineralDepositList deposits = {{180, 90, 40, 5.0f}, {-3, 90, 1, 5.0f}, {180, 900, 1, 5.0f}};
-  drawSurfaceView(screen, &planet, 255, 500, 0, 0, deposits);
-  drawSurfaceView(screen, &planet, 300, -7, 0, 0, deposits);
-  EXPECT_FLOAT_EQ(playerShip.roverHoldFree, 50.0f);
-  EXPECT_FLOAT_EQ(deposits[0].amount, 5.0f);
-  EXPECT_TRUE(log.saw("no mineral 40"));
-}
-
-// A planet of a star placed for the test, in orbit with Captain's menu showing.
-class LandingTest : public RoverTest {
- protected:
-  void SetUp() override {
-    RoverTest::SetUp();
-    object = placed.place(7, 7, "G", "Lane 1", 1);
-    object->Planets[0] = &planet;
-    gameState.currentObject = object;
-    gameState.currentPlanet = 0;
-    gameState.mode = Orbit;
-  }
-  void TearDown() override { object->Planets[0] = nullptr; }
-  void choose(int menu, int item) {
-    setCurrentMenu(menu);
-    setCurrentItem(item);
-    toggleItemSelected();
-    performMenuAction();
-  }
+// From orbit with Captain's menu: descent, a short drive and the launch through the real frames.
+TEST_F(RoverTest, DescentLandsFacingNorthAfterFiftyFramesAndTheRoverDrives) {
   PlacedObjects placed;
-  StellarObject* object = nullptr;
-};
-
-TEST_F(LandingTest, DescentLandsFacingNorthAfterFiftyFramesAndTheRoverDrives) {
+  StellarObject* object = placed.place(7, 7, "G", "Lane 1", 1);
+  object->Planets[0] = new Planet(planet);
+  gameState.currentObject = object, gameState.currentPlanet = 0, gameState.mode = Orbit;
+  auto choose = [](int menu, int item) {
+    setCurrentMenu(menu), setCurrentItem(item), toggleItemSelected(), performMenuAction();
+  };
   gameState.heading = 135;
   landingSite = SurfacePoint{40, 40};
   roverPosition = SurfacePoint{400, 400};
@@ -222,7 +208,6 @@ TEST_F(LandingTest, DescentLandsFacingNorthAfterFiftyFramesAndTheRoverDrives) {
   EXPECT_EQ(std::tuple(gameState.mode, gameState.descentRunning, getCurrentMenu()),
             std::tuple(Surface, 0, SurfaceMenu));
   EXPECT_FLOAT_EQ(playerShip.roverHold[1], 7.5f) << "collected during the descent";
-
   // Drive one cell east (heading 270 points east: x falls by velX < 0).
   gameState.heading = 270;
   gameState.velX = 4 * std::sin(270 / 180.0 * 3.14);

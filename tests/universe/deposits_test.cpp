@@ -2,13 +2,11 @@
 
 namespace {
 
-Planet planetWith(int seed, int density, const char* a, const char* b, const char* c) {
+Planet planetWith(int seed, int density, const char* const (&litho)[3]) {
   Planet p;
   p.Seed = seed;
   p.MineralDensity = density;
-  std::snprintf(p.Litho[0], sizeof p.Litho[0], "%s", a);
-  std::snprintf(p.Litho[1], sizeof p.Litho[1], "%s", b);
-  std::snprintf(p.Litho[2], sizeof p.Litho[2], "%s", c);
+  for (int i = 0; i < 3; ++i) std::snprintf(p.Litho[i], sizeof p.Litho[i], "%s", litho[i]);
   return p;
 }
 
@@ -31,28 +29,12 @@ TEST(DepositsTest, SeedsGiveTheReferenceDeposits) {
       {-424242, 0, {"Shyneum", "Lead", "Gold"}, 4, {142, 170, 0, 4.34f}, {346, 109, 21, 6.81f}},
   };
   for (const Case& c : cases) {
-    const Planet p = planetWith(c.seed, c.density, c.litho[0], c.litho[1], c.litho[2]);
+    const Planet p = planetWith(c.seed, c.density, c.litho);
     MineralDepositList list;
     ASSERT_EQ(generateMineralDeposits(list, &p), c.count) << c.seed;
     ASSERT_EQ(list.size(), std::size_t(c.count));
     EXPECT_EQ(fields(list.front()), fields(c.first)) << c.seed;
     EXPECT_EQ(fields(list.back()), fields(c.last)) << c.seed;
-  }
-}
-
-TEST(DepositsTest, DensityDecidesHowManyPointsCarryOne) {
-  // 0 still keeps the points where rand() mod 10,000 is exactly 0; 9,999 and more take every point.
-  for (auto [density, least, most] : {std::tuple{9999, 64800, 64800}, {20000, 64800, 64800}, {0, 0, 30}, {-1, 0, 0}}) {
-    const Planet p = planetWith(97001, density, "Iron", "Iron", "Iron");
-    MineralDepositList list;
-    const int n = generateMineralDeposits(list, &p);
-    EXPECT_TRUE(n >= least && n <= most) << density << ": " << n;
-    EXPECT_EQ(n, int(list.size()));
-    for (const MineralDeposit& d : list) ASSERT_TRUE(d.kind < mineralCount && d.amount >= 0.0f && d.amount <= 9.99f);
-    if (most == 64800) {
-      EXPECT_EQ(std::pair(list[1].x, list[1].y), std::pair(0, 1)) << "rows run inside columns";
-      EXPECT_EQ(std::pair(list[180].x, list[180].y), std::pair(1, 0));
-    }
   }
   MineralDepositList list{{1, 1, 1, 1.0f}};
   EXPECT_EQ(generateMineralDeposits(list, nullptr), 0);
@@ -69,10 +51,20 @@ TEST(DepositsTest, LithosphereWeightsTheKinds) {
   for (const Case& c : {Case{{"Gold", "Gold", "Gold"}, 17, 37}, Case{{"Gold", "Silver", "Tin"}, 17, 20},
                         Case{{"Gold", "Silver", "Tin"}, 16, 14}, Case{{"Gold", "Silver", "Tin"}, 7, 9},
                         Case{{"Gold", "Silver", "Tin"}, 21, 3}, Case{{"Dust", "Rock", "Ice"}, 0, 37}}) {
-    const Planet p = planetWith(424242, 9999, c.litho[0], c.litho[1], c.litho[2]);
+    const Planet p = planetWith(424242, 9999, c.litho);
     MineralDepositList list;
-    generateMineralDeposits(list, &p);
+    EXPECT_EQ(generateMineralDeposits(list, &p), 64800);
     const auto n = std::count_if(list.begin(), list.end(), [&](const MineralDeposit& d) { return d.kind == c.kind; });
     EXPECT_NEAR(100.0 * double(n) / double(list.size()), c.entries, 1.0) << mineralName(std::uint8_t(c.kind));
+  }
+}
+
+TEST(DepositsTest, MineralNamesNumbersAndColoursWithFallbacks) {
+  for (int i = 0; i < mineralCount; ++i) EXPECT_EQ(mineralNumber(mineralName(std::uint8_t(i))), i) << i;
+  for (const char* name : {"gold", "Gold ", "", static_cast<const char*>(nullptr)}) EXPECT_EQ(mineralNumber(name), 0);
+  EXPECT_EQ(mineralColor(mineralNumber("Gold"), 0x80), 0xFECF2C80u) << "red, green, blue, alpha";
+  for (int number : {22, 255}) {
+    EXPECT_STREQ(mineralName(number), "Unknown");
+    EXPECT_EQ(mineralColor(number, 12), 0xFFFFFFFFu) << "unknown minerals are white";
   }
 }

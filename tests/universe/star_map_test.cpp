@@ -1,3 +1,4 @@
+#include "platform/data_file.h"
 #include "support/test_support.h"
 
 static std::string objectLines(int x, int y, const std::string& cls, const std::string& eco, int planets) {
@@ -25,10 +26,6 @@ static std::string whole(int seed) {
          std::to_string(seed);
 }
 
-static void expectLogged(const LogWatch& log, std::initializer_list<std::string> lines) {
-  for (const std::string& line : lines) EXPECT_TRUE(log.saw(line.c_str())) << line;
-}
-
 static constexpr std::uint32_t rgb(int r, int g, int b) { return 0xFF000000u | (r << 16) | (g << 8) | b; }
 
 class StarMapTest : public GameTest {
@@ -39,6 +36,9 @@ class StarMapTest : public GameTest {
   }
   void load(const std::string& content) { loadStarmapFile(starMap, dir_.write("Starmap.txt", content).c_str()); }
   void loadColors(const std::string& content) { loadPlanetColors(dir_.write("PlanetColor.txt", content).c_str()); }
+  void expectLogged(std::initializer_list<std::string> lines) {
+    for (const std::string& line : lines) EXPECT_TRUE(log.saw(line.c_str())) << line;
+  }
   std::uint32_t (&table)[256] = planetColorTables[0];
   TempDir dir_;
   LogWatch log;
@@ -52,12 +52,11 @@ TEST_F(StarMapTest, ReadsObjectsAndPlanetsFieldByField) {
   ASSERT_TRUE(g && starMap[8][9].object && starMap[10][11].object);
   EXPECT_EQ(std::to_string(g->x) + "," + std::to_string(g->y) + " " + g->Class + "/" + g->Eco, "3,7 G/Lanes 4-5");
   EXPECT_EQ(g->NumOfPlanets, 2);
-  EXPECT_EQ(describe(g->Planets[4]) + describe(g->Planets[1]) + describe(g->Planets[0]),
-            whole(111) + whole(222) + "none");
-  EXPECT_STREQ(starMap[8][9].object->Eco, "");
-  EXPECT_EQ(describe(starMap[10][11].object->Planets[9]), whole(3));
-  expectLogged(log, {"Loading Starmap", "Total stars: 3, Total planets: 3", "M:1, K:1, G:1, F:0, A:0, B:0, O:0",
-                     "White Drawf:0, Neutron Star:0, Black Hole:0"});
+  EXPECT_EQ(describe(g->Planets[4]) + describe(g->Planets[1]) + describe(g->Planets[0]) +
+                describe(starMap[10][11].object->Planets[9]) + starMap[8][9].object->Eco,
+            whole(111) + whole(222) + "none" + whole(3));
+  expectLogged({"Loading Starmap", "Total stars: 3, Total planets: 3", "M:1, K:1, G:1, F:0, A:0, B:0, O:0",
+                "White Drawf:0, Neutron Star:0, Black Hole:0"});
   EXPECT_FALSE(log.saw(" line ")) << "a well-formed file draws no complaints";
   // The orbited planet's record: none without a system or for a slot outside the lanes.
   gameState.currentObject = nullptr, gameState.currentPlanet = 4;
@@ -69,7 +68,7 @@ TEST_F(StarMapTest, ReadsObjectsAndPlanetsFieldByField) {
   buildViewingTree(starMap);  // then a missing file leaves an empty map
   loadStarmapFile(starMap, dir_.path("None.txt").c_str());
   EXPECT_TRUE(starMap[3][7].object == nullptr && starMap[3][7].viewList == nullptr);
-  expectLogged(log, {"Can't open " + dir_.path("None.txt") + "; the star map stays empty", "Total stars: 0"});
+  expectLogged({"Can't open " + dir_.path("None.txt") + "; the star map stays empty", "Total stars: 0"});
 }
 
 TEST_F(StarMapTest, LaterRecordsReplaceEarlierOnesAtTheSamePlaceOrLane) {
@@ -83,8 +82,8 @@ TEST_F(StarMapTest, LaterRecordsReplaceEarlierOnesAtTheSamePlaceOrLane) {
   EXPECT_EQ(starMap[5][5].object->NumOfPlanets, 3) << "a lane given twice keeps the later planet but counts";
   EXPECT_EQ(describe(starMap[5][5].object->Planets[2]), whole(20));
   // Stars count occupied cells; classes and planets count every record read.
-  expectLogged(log, {"Stellar object already exists at 12, 40", "Total stars: 3, Total planets: 6",
-                     "M:0, K:2, G:0, F:0, A:1, B:0, O:0", "White Drawf:0, Neutron Star:0, Black Hole:1"});
+  expectLogged({"Stellar object already exists at 12, 40", "Total stars: 3, Total planets: 6",
+                "M:0, K:2, G:0, F:0, A:1, B:0, O:0", "White Drawf:0, Neutron Star:0, Black Hole:1"});
 }
 
 // The file ends inside a planet, after its gravity line.
@@ -93,10 +92,10 @@ TEST_F(StarMapTest, RecordsOffTheMapOrOnMissingLanesAreSkippedWithoutLosingTheir
        objectLines(10, 500, "M", "a", 0) + objectLines(10, -3, "G", "a", 1) + planetLines(0, 2) +
        objectLines(7, 7, "G", "e", 3) + planetLines(10, 1) + planetLines(-1, 2) + planetLines(6, 3) +
        objectLines(499, 499, "K", "kept", 2) + planetLines(9, 4) + "7\n3\n25\n2.5\n");
-  expectLogged(log, {"Starmap.txt line 2: position 500, 10 is off the map; object skipped",
-                     "line 24: position -1, 10 is off", "line 29: position 10, 500 is off", "line 34: position 10, -3",
-                     "Starmap.txt line 60: planet lane 10 is outside 0..9; planet skipped", "line 77: planet lane -1",
-                     "Total stars: 2, Total planets: 3", "M:0, K:1, G:1, F:0"});
+  expectLogged({"Starmap.txt line 2: position 500, 10 is off the map; object skipped",
+                "line 24: position -1, 10 is off", "line 29: position 10, 500 is off", "line 34: position 10, -3",
+                "Starmap.txt line 60: planet lane 10 is outside 0..9; planet skipped", "line 77: planet lane -1",
+                "Total stars: 2, Total planets: 3", "M:0, K:1, G:1, F:0"});
   const StellarObject *o = starMap[7][7].object, *kept = starMap[499][499].object;
   ASSERT_TRUE(o && kept);
   std::string lanes;
@@ -117,15 +116,32 @@ TEST_F(StarMapTest, LongTextsAndLinesAreCutNegativeCountsReadAsZero) {
   EXPECT_EQ(std::string(o->Class) + "/" + o->Eco, "A Very Long Class N/Twelve char");
   EXPECT_EQ(describe(o->Planets[0]), "5 e24 g1.25 -10..30 bio 7 min 120 " + std::string(19, 'N') +
                                          ",Oxygen,Argon Water Iron,Gold,Tin Torrential Down #1");
-  expectLogged(log,
-               {"Starmap.txt line 3: text cut to 19 characters", "line 4: text cut to 11", "line 14: text cut to 19",
+  expectLogged({"Starmap.txt line 3: text cut to 19 characters", "line 4: text cut to 11", "line 14: text cut to 19",
                 "line 21: text cut to 15", "line 25: line longer than 999 characters cut",
                 "line 27: negative number of planets -4 read as 0", "Total stars: 3", "M:0, K:0, G:0, F:0, A:0"});
 }
 
-TEST_F(StarMapTest, ColourEntrySignAndRangeLinesAndPlanetColor) {
+// Text read from memory: the cells filled come back once each, and emptying them empties the map.
+TEST_F(StarMapTest, ReadFromMemoryReturnsTheFilledCellsToEmpty) {
+  clearStarMap(starMap);
+  starMapCounts = StarMapCounts{};
+  DataFile file(DataFile::Text{objectLines(3, 4, "G", "E", 0) + objectLines(3, 4, "K", "E", 0) +
+                               objectLines(600, 1, "M", "E", 0) + objectLines(7, 8, "M", "E", 0)});
+  const std::vector<StarMapPosition> placed = readStarmap(starMap, file, "Starmap.txt");
+  ASSERT_EQ(placed.size(), 2u);
+  EXPECT_EQ(std::tuple(placed[0].x, placed[0].y, placed[1].x, placed[1].y), std::tuple(3, 4, 7, 8));
+  EXPECT_STREQ(starMap[3][4].object->Class, "K");
+  EXPECT_EQ(starMapCounts.totalStars, 2);
+  expectLogged({"Starmap.txt line 7: a second object at 3, 4 replaces the first",
+                "Starmap.txt line 12: position 600, 1 is off the map; object skipped"});
+  clearStarMapCells(starMap, placed);
+  EXPECT_TRUE(std::all_of(&starMap[0][0], &starMap[0][0] + starMapSize * starMapSize,
+                          [](const StarMapCell& cell) { return cell.object == nullptr; }));
+}
+
+TEST_F(StarMapTest, ColourEntriesSignsRangesAndPlanetColor) {
   loadColors("# comment\n0, 10, 20, 30\n\n. + - +\n3 1 2 3\n\t\n10,\t200,100,50\n");
-  expectLogged(log, {"Loading Planet Color"});
+  expectLogged({"Loading Planet Color"});
   EXPECT_FALSE(log.saw(" line "));
   const std::vector<std::uint32_t> expected = {rgb(10, 20, 30), rgb(11, 18, 33), rgb(12, 16, 36), rgb(13, 14, 39), 0};
   EXPECT_EQ(std::vector<std::uint32_t>(table, table + 5), expected);
@@ -133,9 +149,9 @@ TEST_F(StarMapTest, ColourEntrySignAndRangeLinesAndPlanetColor) {
   EXPECT_EQ(planetColor(100, "Green"), 0xFF006400u);
   EXPECT_EQ(planetColor(100, "water"), 0xFF646464u) << "unknown names are grey";
   EXPECT_EQ(planetColor(100, nullptr), 0xFF646464u);
-}
-
-TEST_F(StarMapTest, ColoursPastATableSpillIntoTheNextAndNothingPastTheLast) {
+  // Steps near the int limit over a long range once overflowed the running channel.
+  loadColors("0 10 250 5\n. + - +\n255 2000000000 2000000000 -2147483648\n");
+  EXPECT_EQ(std::pair(table[1], table[255]), std::pair(rgb(255, 0, 0), rgb(255, 0, 0)));
   // Two entries at slot 0 put the 256th colour of table 0 in slot 254; the range's last goes to table 1.
   loadColors("0 0 0 0\n0 5 5 5\n. + + +\n255 0 0 0\n0 1 2 3\n. + + +\n1 1 1 1\n");
   EXPECT_EQ(std::vector<std::uint32_t>(table + 254, table + 256), (std::vector<std::uint32_t>{rgb(5, 5, 5), 0}));
@@ -144,21 +160,13 @@ TEST_F(StarMapTest, ColoursPastATableSpillIntoTheNextAndNothingPastTheLast) {
   for (int t = 0; t < colorTableCount; ++t) file += "0 " + std::to_string(t) + " 0 0\n. + + +\n255 0 1 0\n";
   loadColors(file + "3 9 9 9\n");
   EXPECT_EQ(planetColor(255, colorTableNames[7]), rgb(7, 255, 0));
-  expectLogged(log, {"PlanetColor.txt line 25: more than 2048 colours; the rest are ignored"});
-}
-
-TEST_F(StarMapTest, HugeRangeStepsSaturateInsteadOfOverflowing) {
-  // Steps near the int limit over a long range once overflowed the running channel.
-  loadColors("0 10 250 5\n. + - +\n255 2000000000 2000000000 -2147483648\n");
-  EXPECT_EQ(table[1], rgb(255, 0, 0));
-  EXPECT_EQ(table[255], rgb(255, 0, 0));
+  expectLogged({"PlanetColor.txt line 25: more than 2048 colours; the rest are ignored"});
 }
 
 TEST_F(StarMapTest, BadColourLinesAreSkippedAndStoredValuesStayInBounds) {
   loadColors(
       ". + + +\n9 1 1 1\n300 1 2 3\n-1 1 2 3\n4 5 6\n250 250 5 128\n. + - +\n400 3 3 3\n20 -5 300 7 9\n. +\n22 1 1\n");
-  expectLogged(log,
-               {"PlanetColor.txt line 2: colour range before any entry line; range skipped",
+  expectLogged({"PlanetColor.txt line 2: colour range before any entry line; range skipped",
                 "line 3: colour index 300 is outside 0..255", "line 4: colour index -1", "line 5: colour entry needs",
                 "line 8: range end 400 is past slot 255", "line 8: colour channel outside 0..255 held at the limit",
                 "line 9: colour channel", "line 10: sign line needs three signs", "line 11: colour range needs"});
@@ -169,7 +177,7 @@ TEST_F(StarMapTest, BadColourLinesAreSkippedAndStoredValuesStayInBounds) {
   EXPECT_EQ(planetColorTables[1][0], 0u);
   loadPlanetColors(dir_.path("Nothing.txt").c_str());
   EXPECT_EQ(table[20], 0u);
-  expectLogged(log, {"Can't open " + dir_.path("Nothing.txt") + "; the planet colour tables stay empty"});
+  expectLogged({"Can't open " + dir_.path("Nothing.txt") + "; the planet colour tables stay empty"});
 }
 
 TEST_F(StarMapTest, StarImagesFallBackKeepBlackTransparentAndMayBeMissing) {
@@ -185,12 +193,12 @@ TEST_F(StarMapTest, StarImagesFallBackKeepBlackTransparentAndMayBeMissing) {
   EXPECT_EQ(starImage(nullptr), starImage("M"));
   EXPECT_STREQ(lastMessage(), "starclass is NULL");
   TempDir empty;
-  char here[4096];
-  ASSERT_TRUE(getcwd(here, sizeof here) && chdir(empty.dir().c_str()) == 0);
+  const std::filesystem::path here = std::filesystem::current_path();
+  std::filesystem::current_path(empty.dir());
   loadStarImages();
   SDL_Surface* missing = starImage("G");
-  ASSERT_EQ(chdir(here), 0);
+  std::filesystem::current_path(here);
   EXPECT_EQ(missing, nullptr);
-  expectLogged(log, {"Can't load star image ./Stars/M.bmp", "Can't load star image ./Stars/BlackHole.bmp"});
+  expectLogged({"Can't load star image ./Stars/M.bmp", "Can't load star image ./Stars/BlackHole.bmp"});
   loadStarImages();
 }
