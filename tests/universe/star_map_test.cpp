@@ -125,8 +125,9 @@ TEST_F(StarMapTest, LongTextsAndLinesAreCutNegativeCountsReadAsZero) {
 TEST_F(StarMapTest, ReadFromMemoryReturnsTheFilledCellsToEmpty) {
   clearStarMap(starMap);
   starMapCounts = StarMapCounts{};
-  DataFile file(DataFile::Text{objectLines(3, 4, "G", "E", 0) + objectLines(3, 4, "K", "E", 0) +
-                               objectLines(600, 1, "M", "E", 0) + objectLines(7, 8, "M", "E", 0)});
+  const std::string text = objectLines(3, 4, "G", "E", 0) + objectLines(3, 4, "K", "E", 0) +
+                           objectLines(600, 1, "M", "E", 0) + objectLines(7, 8, "M", "E", 0);
+  DataFile file(DataFile::Text{text});  // the file reads the text in place
   const std::vector<StarMapPosition> placed = readStarmap(starMap, file, "Starmap.txt");
   ASSERT_EQ(placed.size(), 2u);
   EXPECT_EQ(std::tuple(placed[0].x, placed[0].y, placed[1].x, placed[1].y), std::tuple(3, 4, 7, 8));
