@@ -10,8 +10,7 @@ class GlobeTest : public GameTest {};
 // Longitude stripes: the elevation of column x is x / 2, so a pixel's green tells its column.
 std::unique_ptr<Terrain> stripes() {
   auto map = std::make_unique<Terrain>();
-  for (int x = 0; x < terrainWidth; ++x)
-    for (int y = 0; y < terrainHeight; ++y) map->cells[x * terrainHeight + y] = std::uint8_t(x / 2);
+  for (int i = 0; i < terrainWidth * terrainHeight; ++i) map->cells[i] = std::uint8_t(i / terrainHeight / 2);
   return map;
 }
 
@@ -19,39 +18,30 @@ Uint32 green(int shade) { return Uint32(shade) << 8; }
 
 }  // namespace
 
-TEST_F(GlobeTest, DiscOfRowsWithBlackPoleRowAndFullEquator) {
+TEST_F(GlobeTest, DiscOfRowsTurningTwoDegreesEveryTwoSteps) {
   auto map = stripes();
   SurfacePtr g(renderGlobe(*map, 0, "Green"));
-  ASSERT_TRUE(g);
-  ASSERT_EQ(std::pair(g->w, g->h), std::pair(180, 180));
-  for (int x = 0; x < 180; ++x) {
-    ASSERT_EQ(pixelRGB(g.get(), x, 0), 0u) << "row 0 is black at " << x;
-    ASSERT_NE(pixelRGB(g.get(), x, 90), 0u) << "row 90 spans the disc at " << x;
-  }
+  ASSERT_TRUE(g && g->w == 180 && g->h == 180);
+  for (int x = 0; x < 180; ++x)
+    ASSERT_TRUE(pixelRGB(g.get(), x, 0) == 0 && pixelRGB(g.get(), x, 90) != 0) << "black pole, full equator: " << x;
   // Row 1 is 13 pixels either side; row 179 is as wide as row 1.
   for (int r : {1, 179})
     for (auto [x, inside] : {std::pair{76, false}, {77, true}, {102, true}, {103, false}})
       EXPECT_EQ(pixelRGB(g.get(), x, r) != 0, inside) << x << "," << r;
   // The acos mapping with 3.14 for pi: the left rim shows column 179, the middle 269, the right rim 351.
-  EXPECT_EQ(pixelRGB(g.get(), 0, 90), green(179 / 2));
-  EXPECT_EQ(pixelRGB(g.get(), 90, 90), green(269 / 2));
-  EXPECT_EQ(pixelRGB(g.get(), 179, 90), green(351 / 2));
+  EXPECT_EQ(std::tuple(pixelRGB(g.get(), 0, 90), pixelRGB(g.get(), 90, 90), pixelRGB(g.get(), 179, 90)),
+            std::tuple(green(179 / 2), green(269 / 2), green(351 / 2)));
   SurfacePtr grey(renderGlobe(*map, 0, "None"));  // any other sphere name colours grey
   EXPECT_EQ(pixelRGB(grey.get(), 90, 90), 0x868686u);
-}
-
-TEST_F(GlobeTest, RotationsTurnTwoDegreesEveryTwoSteps) {
-  auto map = stripes();
-  SurfacePtr r0(renderGlobe(*map, 0, "Green")), r1(renderGlobe(*map, 1, "Green")), r2(renderGlobe(*map, 2, "Green"));
-  SurfacePtr r360(renderGlobe(*map, 360, "Green"));
-  for (int y = 0; y < 180; ++y)
-    for (int x = 0; x < 180; ++x) {
-      const Uint32 p0 = pixelRGB(r0.get(), x, y);
-      ASSERT_EQ(pixelRGB(r1.get(), x, y), p0) << x << "," << y;
-      ASSERT_EQ(pixelRGB(r360.get(), x, y), p0) << x << "," << y;
-      // One step of shift shows the column two degrees west: the shade one lower, round the circle.
-      if (p0 != 0) ASSERT_EQ(pixelRGB(r2.get(), x, y), green(((p0 >> 8) + 179) % 180)) << x << "," << y;
-    }
+  SurfacePtr r1(renderGlobe(*map, 1, "Green")), r2(renderGlobe(*map, 2, "Green")),
+      r360(renderGlobe(*map, 360, "Green"));
+  for (int i = 0; i < 180 * 180; ++i) {
+    const int x = i % 180, y = i / 180;
+    const Uint32 p0 = pixelRGB(g.get(), x, y);
+    ASSERT_TRUE(pixelRGB(r1.get(), x, y) == p0 && pixelRGB(r360.get(), x, y) == p0) << x << "," << y;
+    // One step of shift shows the column two degrees west: the shade one lower, round the circle.
+    ASSERT_TRUE(p0 == 0 || pixelRGB(r2.get(), x, y) == green(((p0 >> 8) + 179) % 180)) << x << "," << y;
+  }
 }
 
 TEST_F(GlobeTest, SurfaceGlobeIsDrawnAtItsPlaceAndTurns) {
@@ -63,8 +53,7 @@ TEST_F(GlobeTest, SurfaceGlobeIsDrawnAtItsPlaceAndTurns) {
   SurfacePtr expected(renderGlobe(terrain, 358, "Green"));
   for (auto [x, y] : {std::pair{0, 0}, {90, 90}, {0, 90}, {179, 179}, {40, 30}})
     EXPECT_EQ(pixelRGB(screen, 50 + x, 315 + y), pixelRGB(expected.get(), x, y)) << x << "," << y;
-  EXPECT_EQ(pixelRGB(screen, 49, 405), 0xFFFFFFu);
-  EXPECT_EQ(pixelRGB(screen, 230, 405), 0xFFFFFFu);
+  EXPECT_EQ(pixelRGB(screen, 49, 405) & pixelRGB(screen, 230, 405), 0xFFFFFFu) << "nothing beside it";
   drawSurfaceGlobe(screen, "Green");
   EXPECT_EQ(globeRotation, 0);
   drawSurfaceGlobe(nullptr, "Green");  // no screen: nothing drawn, the globe still turns
@@ -82,8 +71,7 @@ TEST_F(GlobeTest, WireGlobeImagesAreMadeOnceAndRemadeWithoutLeaks) {
             (std::vector{255, 255, 0, 0, 255, 255, 0}));
   EXPECT_EQ(std::count(std::begin(wireGrid.cells), std::end(wireGrid.cells), 255), 18 * 180 + 12 * 360 - 18 * 12);
   SDL_Surface* image = globeImages[0];  // green lines on black
-  for (int y = 0; y < image->h; ++y)
-    for (int x = 0; x < image->w; ++x) ASSERT_EQ(pixelRGB(image, x, y) & 0xFF00FFu, 0u) << x << "," << y;
+  for (int i = 0; i < image->w * image->h; ++i) ASSERT_EQ(pixelRGB(image, i % image->w, i / image->w) & 0xFF00FFu, 0u);
 }
 
 TEST_F(GlobeTest, OrbitAnglesAreAPermutationFixedByTheSeed) {
@@ -99,24 +87,12 @@ TEST_F(GlobeTest, OrbitAnglesAreAPermutationFixedByTheSeed) {
   EXPECT_NE(std::vector<int>(orbitAngles, orbitAngles + 360), first);
 }
 
-TEST_F(GlobeTest, PlanetImagesTakeTheNextAnglesAndAZoomByGravity) {
+TEST_F(GlobeTest, PlanetImagesTakeTheNextAnglesAndAreFreedWhenRemade) {
   PlacedObjects objects;
   StellarObject* o = objects.place(7, 7, "G", "Lane 3", 3);
-  const struct {
-    int lane;
-    float gravity;
-    int viewSize;
-  } lanes[] = {{2, 9.99f, 162}, {7, 1.5f, 90}, {9, 10.0f, 180}};
-  for (const auto& l : lanes) {
-    o->Planets[l.lane] = new Planet;
-    o->Planets[l.lane]->Gravity = l.gravity;
-    o->Planets[l.lane]->Seed = 1000 + l.lane;
-    std::snprintf(o->Planets[l.lane]->Hydro, 20, "%s", "None");
-  }
+  for (int lane : {2, 7, 9}) o->Planets[lane] = new Planet;
   for (int i = 0; i < 360; ++i) orbitAngles[i] = (i * 7) % 360;
-  angleCursor = 355;
-  orbitAlpha = 130;
-  blinkRising = false;
+  angleCursor = 355, orbitAlpha = 130, blinkRising = false;
   buildPlanetImages(o);
   // Places 356..359 and then 0..5: lane 2 takes place 358, lane 7 place 3, lane 9 place 5.
   EXPECT_EQ(angleCursor, 5);
@@ -124,21 +100,9 @@ TEST_F(GlobeTest, PlanetImagesTakeTheNextAnglesAndAZoomByGravity) {
             (std::vector{(358 * 7) % 360, 21, 35}));
   EXPECT_STREQ(lastMessage(2), "Planet detected at lane: 2");
   EXPECT_STREQ(lastMessage(0), "Planet detected at lane: 9");
-  EXPECT_EQ(orbitAlpha, 0);
-  EXPECT_TRUE(blinkRising) << "the orbit view's pulse starts again, rising";
-  auto surface = std::make_unique<Terrain>();
-  for (const auto& l : lanes) {
-    const Planet* p = o->Planets[l.lane];
-    ASSERT_TRUE(p->ViewImage && p->OrbitImage);
-    EXPECT_EQ(std::pair(p->ViewImage->w, p->ViewImage->h), std::pair(l.viewSize, l.viewSize)) << l.gravity;
-    EXPECT_EQ(std::pair(p->OrbitImage->w, p->OrbitImage->h), std::pair(11, 11));
-  }
-  // At full size the view image is the planet's own globe, unrotated.
-  generateTerrain(*surface, o->Planets[9]->Seed);
-  smoothTerrain(*surface);
-  SurfacePtr globe(renderGlobe(*surface, 0, "None"));
-  for (auto [x, y] : {std::pair{90, 90}, {10, 90}, {120, 40}, {0, 0}})
-    EXPECT_EQ(pixelRGB(o->Planets[9]->ViewImage, x, y), pixelRGB(globe.get(), x, y));
+  EXPECT_TRUE(orbitAlpha == 0 && blinkRising) << "the orbit view's pulse starts again, rising";
+  // Their pixels, zoom by gravity included, are pinned against the plain path by the terrain cache's test.
+  for (int lane : {2, 7, 9}) ASSERT_TRUE(o->Planets[lane]->ViewImage && o->Planets[lane]->OrbitImage);
   // Entering again frees the old images and makes new ones with the next angles; leaving frees them.
   SDL_Surface *oldOrbit = o->Planets[7]->OrbitImage, *oldView = o->Planets[7]->ViewImage;
   ++oldOrbit->refcount, ++oldView->refcount;  // kept alive here to see them released
@@ -147,7 +111,7 @@ TEST_F(GlobeTest, PlanetImagesTakeTheNextAnglesAndAZoomByGravity) {
   EXPECT_EQ(std::pair(oldOrbit->refcount, oldView->refcount), std::pair(1, 1));
   SDL_FreeSurface(oldOrbit), SDL_FreeSurface(oldView);
   releasePlanetImages(o);
-  for (const auto& l : lanes) EXPECT_TRUE(!o->Planets[l.lane]->ViewImage && !o->Planets[l.lane]->OrbitImage);
+  for (int lane : {2, 7, 9}) EXPECT_TRUE(!o->Planets[lane]->ViewImage && !o->Planets[lane]->OrbitImage);
   buildPlanetImages(nullptr);
   releasePlanetImages(nullptr);
   angleCursor = 0;
