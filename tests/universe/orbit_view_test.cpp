@@ -16,43 +16,23 @@ class OrbitViewTest : public GameTest {
     SDL_FillRect(screen, nullptr, 0);
     icon = blankSurface(3, 3);
     SDL_FillRect(icon.get(), nullptr, red);
-    // A class without a star image keeps the middle of the plan clear.
-    system = objects.place(300, 300, "no such class");
+    system = objects.place(300, 300, "no such class");  // no star image: the plan's middle stays clear
   }
   void TearDown() override {
-    for (Planet*& p : system->Planets) {
+    for (Planet* p : system->Planets)
       if (p) p->OrbitImage = nullptr;  // the icon belongs to the test
-    }
   }
-  Planet* addPlanet(int lane, int angle) {
-    auto* planet = new Planet;
-    planet->OrbitAngle = angle;
-    planet->OrbitImage = icon.get();
-    system->Planets[lane] = planet;
-    return planet;
-  }
-  void draw(int shipX = 0, int shipY = 0) { drawOrbitView(screen, system, sinTable, cosTable, shipX, shipY); }
-
+  void draw(int shipX, int shipY) { drawOrbitView(screen, system, sinTable, cosTable, shipX, shipY); }
   PlacedObjects objects;
   StellarObject* system = nullptr;
   SurfacePtr icon;
 };
 
-TEST_F(OrbitViewTest, DrawsCirclesOnlyForOccupiedLanes) {
-  addPlanet(2, 90)->OrbitImage = nullptr;  // icons off the horizontal line through the centre
-  addPlanet(7, 90)->OrbitImage = nullptr;
-  draw(0, 300);  // the ship off the plan
-  for (int side : {1, -1}) {
-    std::vector<int> radii;
-    for (int r = 1; r <= 139; ++r)
-      if (planPixel(140 + side * r, 122) == white) radii.push_back(r);
-    EXPECT_EQ(radii, (std::vector<int>{40, 90})) << "side " << side;
-  }
-}
+}  // namespace
 
 // Top-left corners worked out by hand from sin and cos with 3.14 for pi: the
-// truncation of values just below a whole number matters (lane 0, lane 1).
-TEST_F(OrbitViewTest, PlanetIconsSitAtTheirOrbitAngle) {
+// truncation of values just below a whole number matters (lanes 0 and 9).
+TEST_F(OrbitViewTest, CirclesForOccupiedLanesAndIconsAtTheirOrbitAngle) {
   const struct {
     int lane, angle, x, y;
   } cases[] = {
@@ -65,14 +45,18 @@ TEST_F(OrbitViewTest, PlanetIconsSitAtTheirOrbitAngle) {
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(testing::Message() << "lane " << c.lane << " angle " << c.angle);
-    for (Planet*& p : system->Planets) delete std::exchange(p, nullptr);
-    addPlanet(c.lane, c.angle);
+    if (!system->Planets[c.lane]) system->Planets[c.lane] = new Planet;
+    system->Planets[c.lane]->OrbitAngle = c.angle;
+    system->Planets[c.lane]->OrbitImage = icon.get();
     SDL_FillRect(screen, nullptr, 0);
-    draw(0, 300);
-    // The corner pins the place; the icon is blitted whole.
-    EXPECT_EQ(planPixel(c.x, c.y), red);
-    EXPECT_NE(planPixel(c.x - 1, c.y), red);
-    EXPECT_NE(planPixel(c.x, c.y - 1), red);
+    draw(0, 300);  // the ship off the plan
+    EXPECT_TRUE(planPixel(c.x, c.y) == red && planPixel(c.x - 1, c.y) != red && planPixel(c.x, c.y - 1) != red);
+  }
+  for (int side : {1, -1}) {  // no icon lies on the centre's row
+    std::vector<int> radii;
+    for (int r = 1; r <= 139; ++r)
+      if (planPixel(140 + side * r, 122) == white) radii.push_back(r);
+    EXPECT_EQ(radii, (std::vector<int>{20, 30, 60, 110})) << "side " << side;
   }
 }
 
@@ -85,33 +69,21 @@ TEST_F(OrbitViewTest, ShipDotStandsAtItsPlanPointMeasuredFromTheBottom) {
     SCOPED_TRACE(shown ? "system" : "no system");
     SDL_FillRect(screen, nullptr, 0x00FF00);
     drawOrbitView(screen, shown, sinTable, cosTable, 140, 2);
-    EXPECT_NE(planPixel(140, 243), 0u);
-    EXPECT_NE(planPixel(140, 241), 0u);  // radius 2, cut off by the plan's bottom edge
-    EXPECT_NE(planPixel(142, 243), 0u);
-    EXPECT_EQ(planPixel(140, 240), 0u);
-    EXPECT_EQ(planPixel(143, 243), 0u);
-    EXPECT_EQ(planPixel(140, 122), 0u);
-    EXPECT_EQ(pixelRGB(screen, 514, 4), 0x00FF00u);
-    EXPECT_EQ(pixelRGB(screen, 515 + 280, 5 + 245), 0x00FF00u);
+    // Radius 2, cut off by the plan's bottom edge.
+    EXPECT_TRUE(planPixel(140, 243) && planPixel(140, 241) && planPixel(142, 243));
+    EXPECT_EQ(planPixel(140, 240) | planPixel(143, 243) | planPixel(140, 122), 0u);
+    EXPECT_EQ(pixelRGB(screen, 514, 4) & pixelRGB(screen, 515 + 280, 5 + 245), 0x00FF00u);
   }
 }
 
 // The pulse after entering a system: up by 10 to 240, down to 60, up again; each
-// frame's dot shows the alpha from before its own step. The dot is white blended
-// over black, so its red channel is the alpha (within the blend's rounding).
+// frame's dot, white over black, shows in its red channel the alpha from before its own step.
 TEST_F(OrbitViewTest, ShipDotPulsesFromZeroBetween60And240) {
-  std::vector<int> expected;
-  for (int a = 0; a <= 240; a += 10) expected.push_back(a);
-  for (int a = 230; a >= 60; a -= 10) expected.push_back(a);
-  for (int a = 70; a <= 240; a += 10) expected.push_back(a);
-  expected.push_back(230);
   orbitAlpha = 0;
   blinkRising = true;
-  for (std::size_t frame = 0; frame < expected.size(); ++frame) {
+  for (int frame = 0; frame < 62; ++frame) {
+    const int want = frame <= 24 ? 10 * frame : frame <= 42 ? 240 - 10 * (frame - 24) : 60 + 10 * (frame - 42);
     draw(100, 100);
-    const int shown = static_cast<int>(planPixel(100, 145) >> 16);
-    EXPECT_LE(std::abs(shown - expected[frame]), 1) << "frame " << frame << " shows " << shown;
+    EXPECT_NEAR(int(planPixel(100, 145) >> 16), frame == 61 ? 230 : want, 1) << "frame " << frame;
   }
 }
-
-}  // namespace
