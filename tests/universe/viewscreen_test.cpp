@@ -67,9 +67,7 @@ TEST_F(ViewscreenTest, ObjectsArePlacedByCellAndFractionAroundTheShip) {
   EXPECT_TRUE(headerShows("X:100  Y:100"));
   drawSpace(100 * 50 + 10, 100 * 50 + 20, 200);  // objects move left and down; ship image 200 is none
   expectPane({{240, 221, red}, {243, 221, 0}, {240, 220, 0}, {225, 225, 0}});
-}
-
-TEST_F(ViewscreenTest, OffTheMapThePaneNeverLooksOutsideTheGrid) {
+  // Off the map the pane never looks outside the grid.
   objects.place(0, 0, "G");
   objects.place(499, 499, "M");
   drawSpace(-100, -70);  // short of the map: the pane shows it as at 300
