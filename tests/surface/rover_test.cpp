@@ -72,7 +72,8 @@ TEST_F(RoverTest, CollectionTakesWhatTheHoldHasRoomFor) {
 
 // The view word for word: every tile walks the whole list. The quick view must
 // leave exactly these pixels on the screen.
-void literalView(SDL_Surface* view, SDL_Surface* target, const MineralDepositList& deposits, int px, int py) {
+void literalView(SDL_Surface* view, SDL_Surface* target, const MineralDepositList& deposits, int px, int py,
+                 int heading) {
   const int X = px / 10, Y = py / 10, rx = px % 10, ry = py % 10;
   for (int a = 0; a < 30; ++a) {
     for (int b = 0; b < 21; ++b) {
@@ -88,11 +89,16 @@ void literalView(SDL_Surface* view, SDL_Surface* target, const MineralDepositLis
     }
   }
   SDL_Rect at{140, 87, 0, 0}, source{10, 10, 280, 190}, dest{10, 310, 0, 0};
-  if (shipImages[72]) SDL_BlitSurface(shipImages[72], nullptr, view, &at);
+  SDL_BlitSurface(shipImages[72 + heading], nullptr, view, &at);
   SDL_BlitSurface(view, &source, target, &dest);
 }
 
-TEST_F(RoverTest, QuickViewDrawsWhatTheWholeListWalkDraws) {
+TEST_F(RoverTest, QuickViewDrawsWhatTheWholeListWalkDrawsWithTheRoverOnItsTile) {
+  SDL_Surface* saved[std::size(shipImages)];
+  std::copy(std::begin(shipImages), std::end(shipImages), saved);
+  std::fill(std::begin(shipImages), std::end(shipImages), nullptr);
+  Ship ship;
+  loadShip(shipImages, ship, "Surveyor");
   seedRandom(5);
   for (auto& cell : terrain.cells) cell = static_cast<std::uint8_t>(nextRandom() % 256);
   MineralDepositList deposits;
@@ -104,30 +110,24 @@ TEST_F(RoverTest, QuickViewDrawsWhatTheWholeListWalkDraws) {
   const SDL_PixelFormat* f = surfaceWorkSurface->format;
   const SurfacePtr work(SDL_CreateRGBSurface(SDL_SWSURFACE, 300, 210, 32, f->Rmask, f->Gmask, f->Bmask, f->Amask));
   const SurfacePtr want = blankSurface(800, 600);
-  for (const SurfacePoint& at : {SurfacePoint{1803, 907}, {7, 1789}, {3589, 3}, {34, 1764}}) {
+  for (auto [at, heading] :
+       {std::pair{SurfacePoint{1803, 907}, 0}, {{7, 1789}, 36}, {{3589, 3}, 71}, {{34, 1764}, 9}}) {
     roverPosition = at;
     playerShip.roverHoldFree = 0.0f;  // nothing collected: both draw the same list
-    view(deposits);
-    literalView(work.get(), want.get(), deposits, at.x, at.y);
+    view(deposits, heading);
+    literalView(work.get(), want.get(), deposits, at.x, at.y, heading);
     int differing = 0;
     for (int i = 0; i < 280 * 190; ++i)
       differing += pixelRGB(screen, 10 + i % 280, 310 + i / 280) != pixelRGB(want.get(), 10 + i % 280, 310 + i / 280);
     EXPECT_EQ(differing, 0) << at.x << "," << at.y;
   }
-}
-
-// Wherever in its cell the rover is, heading north or south, the middle of its
-// picture lies on its own tile, which the view draws from 150 - rx, 400 - ry.
-TEST_F(RoverTest, PictureStandsOnTheRoversOwnTile) {
-  SDL_Surface* saved[std::size(shipImages)];
-  std::copy(std::begin(shipImages), std::end(shipImages), saved);
-  std::fill(std::begin(shipImages), std::end(shipImages), nullptr);
-  Ship ship;
-  loadShip(shipImages, ship, "Surveyor");
+  // Wherever in its cell the rover is, heading north or south, the middle of its
+  // picture lies on its own tile, which the view draws from 150 - rx, 400 - ry.
+  terrain = Terrain{};  // elevation 0 everywhere: only the rover is lit
   for (int headingIndex : {0, 36})
     for (auto [rx, ry] : {std::pair{0, 0}, {9, 9}, {0, 9}, {9, 0}, {4, 6}}) {
       roverPosition = SurfacePoint{1800 + rx, 900 + ry};
-      view(none, headingIndex);  // terrain 0 everywhere: only the rover is lit
+      view(none, headingIndex);
       int left = 800, right = -1, top = 600, bottom = -1;
       for (int i = 0; i < 280 * 190; ++i)
         if (const int x = 10 + i % 280, y = 310 + i / 280; pixelRGB(screen, x, y))
