@@ -71,54 +71,47 @@ TEST_F(StarMapTest, ReadsObjectsAndPlanetsFieldByField) {
   expectLogged({"Can't open " + dir_.path("None.txt") + "; the star map stays empty", "Total stars: 0"});
 }
 
-TEST_F(StarMapTest, LaterRecordsReplaceEarlierOnesAtTheSamePlaceOrLane) {
-  load(objectLines(12, 40, "K", "a", 2) + planetLines(0, 1) + planetLines(3, 2) +
+// Long texts and lines first (lines 1 to 32), then records replacing others (33 to 154), then records that
+// cannot be stored, read field by field so that the next keep their place; the file ends inside a planet.
+TEST_F(StarMapTest, CutTextsReplacedRecordsAndSkippedRecords) {
+  std::string planet = planetLines(0, 1);
+  planet.replace(planet.find("Light Rain"), 10, "Torrential Downpours");
+  planet.replace(planet.find("Nitrogen"), 8, std::string(40, 'N'));
+  load(objectLines(1, 2, "A Very Long Class Name Indeed", "Twelve chars!", 1) + planet +
+       objectLines(2, 2, std::string(1500, 'Q'), "e", -4) + objectLines(3, 3, "Z", "e", 0) +
+       objectLines(12, 40, "K", "a", 2) + planetLines(0, 1) + planetLines(3, 2) +
        objectLines(12, 40, "Black Hole", "b", 1) + planetLines(5, 3) + objectLines(5, 5, "A", "e", 3) +
-       planetLines(2, 10) + planetLines(2, 20) + planetLines(4, 30) + objectLines(13, 40, "K", "c", 0));
-  const StellarObject* o = starMap[12][40].object;
+       planetLines(2, 10) + planetLines(2, 20) + planetLines(4, 30) + objectLines(13, 40, "K", "c", 0) +
+       objectLines(500, 10, "M", "a", 1) + planetLines(3, 1) + objectLines(-1, 10, "M", "a", 0) +
+       objectLines(10, 500, "M", "a", 0) + objectLines(10, -3, "G", "a", 1) + planetLines(0, 2) +
+       objectLines(7, 7, "G", "e", 3) + planetLines(10, 1) + planetLines(-1, 2) + planetLines(6, 3) +
+       objectLines(499, 499, "K", "kept", 2) + planetLines(9, 4) + "7\n3\n25\n2.5\n");
+  const StellarObject *cut = starMap[1][2].object, *o = starMap[12][40].object;
+  ASSERT_TRUE(cut && starMap[2][2].object && starMap[3][3].object) << "a negative count ends the object like 0";
+  EXPECT_EQ(std::string(cut->Class) + "/" + cut->Eco, "A Very Long Class N/Twelve char");
+  EXPECT_EQ(describe(cut->Planets[0]), "5 e24 g1.25 -10..30 bio 7 min 120 " + std::string(19, 'N') +
+                                           ",Oxygen,Argon Water Iron,Gold,Tin Torrential Down #1");
   ASSERT_TRUE(o && starMap[5][5].object && starMap[13][40].object);
   EXPECT_STREQ(o->Class, "Black Hole");
   EXPECT_EQ(describe(o->Planets[0]) + describe(o->Planets[5]), "none" + whole(3)) << "old planets went with it";
   EXPECT_EQ(starMap[5][5].object->NumOfPlanets, 3) << "a lane given twice keeps the later planet but counts";
   EXPECT_EQ(describe(starMap[5][5].object->Planets[2]), whole(20));
-  // Stars count occupied cells; classes and planets count every record read.
-  expectLogged({"Stellar object already exists at 12, 40", "Total stars: 3, Total planets: 6",
-                "M:0, K:2, G:0, F:0, A:1, B:0, O:0", "White Drawf:0, Neutron Star:0, Black Hole:1"});
-}
-
-// The file ends inside a planet, after its gravity line.
-TEST_F(StarMapTest, RecordsOffTheMapOrOnMissingLanesAreSkippedWithoutLosingTheirPlace) {
-  load(objectLines(500, 10, "M", "a", 1) + planetLines(3, 1) + objectLines(-1, 10, "M", "a", 0) +
-       objectLines(10, 500, "M", "a", 0) + objectLines(10, -3, "G", "a", 1) + planetLines(0, 2) +
-       objectLines(7, 7, "G", "e", 3) + planetLines(10, 1) + planetLines(-1, 2) + planetLines(6, 3) +
-       objectLines(499, 499, "K", "kept", 2) + planetLines(9, 4) + "7\n3\n25\n2.5\n");
-  expectLogged({"Starmap.txt line 2: position 500, 10 is off the map; object skipped",
-                "line 24: position -1, 10 is off", "line 29: position 10, 500 is off", "line 34: position 10, -3",
-                "Starmap.txt line 60: planet lane 10 is outside 0..9; planet skipped", "line 77: planet lane -1",
-                "Total stars: 2, Total planets: 3", "M:0, K:1, G:1, F:0"});
-  const StellarObject *o = starMap[7][7].object, *kept = starMap[499][499].object;
-  ASSERT_TRUE(o && kept);
+  const StellarObject *seven = starMap[7][7].object, *kept = starMap[499][499].object;
+  ASSERT_TRUE(seven && kept);
   std::string lanes;
-  for (Planet* p : o->Planets) lanes += p ? "+" : ".";
+  for (Planet* p : seven->Planets) lanes += p ? "+" : ".";
   EXPECT_EQ(lanes, "......+...");
-  EXPECT_EQ(describe(o->Planets[6]) + describe(kept->Planets[9]), whole(3) + whole(4));
+  EXPECT_EQ(describe(seven->Planets[6]) + describe(kept->Planets[9]), whole(3) + whole(4));
   EXPECT_EQ(describe(kept->Planets[7]), "3 e25 g2.5 0..0 bio 0 min 0 ,,  ,,  #0");
-}
-
-TEST_F(StarMapTest, LongTextsAndLinesAreCutNegativeCountsReadAsZero) {
-  std::string planet = planetLines(0, 1);
-  planet.replace(planet.find("Light Rain"), 10, "Torrential Downpours");
-  planet.replace(planet.find("Nitrogen"), 8, std::string(40, 'N'));
-  load(objectLines(1, 2, "A Very Long Class Name Indeed", "Twelve chars!", 1) + planet +
-       objectLines(2, 2, std::string(1500, 'Q'), "e", -4) + objectLines(3, 3, "Z", "e", 0));
-  const StellarObject* o = starMap[1][2].object;
-  ASSERT_TRUE(o && starMap[2][2].object && starMap[3][3].object) << "a negative count ends the object like 0";
-  EXPECT_EQ(std::string(o->Class) + "/" + o->Eco, "A Very Long Class N/Twelve char");
-  EXPECT_EQ(describe(o->Planets[0]), "5 e24 g1.25 -10..30 bio 7 min 120 " + std::string(19, 'N') +
-                                         ",Oxygen,Argon Water Iron,Gold,Tin Torrential Down #1");
+  // Stars count occupied cells; classes and planets count every record read.
   expectLogged({"Starmap.txt line 3: text cut to 19 characters", "line 4: text cut to 11", "line 14: text cut to 19",
                 "line 21: text cut to 15", "line 25: line longer than 999 characters cut",
-                "line 27: negative number of planets -4 read as 0", "Total stars: 3", "M:0, K:0, G:0, F:0, A:0"});
+                "line 27: negative number of planets -4 read as 0", "Stellar object already exists at 12, 40",
+                "Starmap.txt line 156: position 500, 10 is off the map; object skipped",
+                "line 178: position -1, 10 is off", "line 183: position 10, 500 is off", "line 188: position 10, -3",
+                "Starmap.txt line 214: planet lane 10 is outside 0..9; planet skipped", "line 231: planet lane -1",
+                "Total stars: 8, Total planets: 10", "M:0, K:3, G:1, F:0, A:1, B:0, O:0",
+                "White Drawf:0, Neutron Star:0, Black Hole:1"});
 }
 
 // Text read from memory: the cells filled come back once each, and emptying them empties the map.
