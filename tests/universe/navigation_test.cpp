@@ -54,6 +54,8 @@ TEST_F(NavigationTest, MarkersPulseUpAndDownByThirty) {
 TEST_F(NavigationTest, ReadoutsLabelsAndGridInTheirFontsAndPlaces) {
   PlacedObjects objects;
   objects.place(250, 250, "White Drawf", "Cold", 4);
+  objects.place(0, 0, "G");
+  objects.place(5, 7, "Z");          // an unknown class is not charted
   targetCell = ChartCell{103, 395};  // map row 104: 5 cells from (100, 100)
   navigationMouseMoved(196 + 250, 16 + 249);
   draw(100, 100, 12);
@@ -75,24 +77,13 @@ TEST_F(NavigationTest, ReadoutsLabelsAndGridInTheirFontsAndPlaces) {
     EXPECT_NEAR(int(pixelRGB(screen, wx + 110 + 50 * i, wy + 35) & 0xFF), 64, 2) << line;
     EXPECT_EQ(pixelRGB(screen, wx + 135, wy + line + 1) | pixelRGB(screen, wx + 111 + 50 * i, wy + 35), 0u) << line;
   }
-  draw(100, 100, 0);  // no top speed: no fuel figure rather than a division by zero
-  EXPECT_TRUE(shows(10, 190 + h, 6, "---"));
-}
-
-TEST_F(NavigationTest, ObjectsAreClassColouredPixelsAndTheScanLineReadsThem) {
-  PlacedObjects objects;
-  objects.place(0, 0, "G");
-  objects.place(250, 250, "White Drawf", "Cold", 4);
-  objects.place(5, 7, "Z");  // an unknown class is not charted
-  targetCell = ChartCell{450, 450};
-  navigationMouseMoved(196 + 250, 16 + 249);
-  draw(480, 480);
+  // Objects are pixels of their class's colour; the scanned one takes the square cursor.
   auto chart = [](int column, int row) { return pixelRGB(screen, wx + 111 + column, wy + 11 + 499 - row); };
   EXPECT_EQ(std::tuple(chart(0, 0), chart(250, 250), chart(5, 7)), std::tuple(0xFFFF00u, 0xFF64FFu, 0u));
   EXPECT_TRUE(navigationSquareCursorSelected());
   navigationMouseMoved(196 + 251, 16 + 249);  // an empty cell: dashes and the crosshair again
-  draw(480, 480);
-  EXPECT_TRUE(!navigationSquareCursorSelected() && shows(300, 550, 6, "---"));
+  draw(100, 100, 0);                          // no top speed: no fuel figure rather than a division by zero
+  EXPECT_TRUE(!navigationSquareCursorSelected() && shows(300, 550, 6, "---") && shows(10, 190 + h, 6, "---"));
   navigationMouseMoved(wx + 45, wy + 25), navigationMouseDown();  // the close button
   navigationMouseUp(wx + 45, wy + 25);
   EXPECT_EQ(draw(100, 100), 1);
