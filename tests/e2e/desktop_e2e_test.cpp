@@ -1,27 +1,6 @@
 // The game as a player meets it on a desktop: a mouse that floods the input, a
 // named window, an X display that goes away, the time each frame took.
-#include <sys/wait.h>
-
-#include <cstdio>
-#include <fstream>
-#include <utility>
-
 #include "support/test_support.h"
-
-namespace {
-
-// Runs a shell command; its exit status and what it wrote on either stream.
-RunResult shell(const std::string& command) {
-  RunResult result;
-  std::FILE* pipe = popen((command + " 2>&1").c_str(), "r");
-  if (!pipe) return result;
-  for (char line[512]; std::fgets(line, sizeof line, pipe);) result.out += line;
-  const int status = pclose(pipe);
-  result.status = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-  return result;
-}
-
-}  // namespace
 
 TEST(Desktop, AMouseFloodLeavesTheClickAndTheKeyAfterItToActInOrderAndEachFrameIsTimed) {
   // 500 motions, then a click on Engineering (menu 9) and E, all queued for the first frame.
@@ -68,8 +47,8 @@ TEST(Desktop, TheWindowIsNamedAndWearsTheShipIconAndALostDisplaySavesTheVoyageAn
     kill $xvfb; timeout 10 tail --pid=$game -f /dev/null || kill -9 $game; wait $game; echo "exit $?"
     grep -o "lost the connection to the X display" "$dir/log"; rm -rf "$dir")";
   TempDir tmp;
-  const RunResult r = shell("bash '" + tmp.write("window.sh", script) +
-                            "' '" PROSPECTOR_BINARY "' '" PROSPECTOR_DATA_DIR "' '" + tmp.path("v.sav") + "'");
+  const RunResult r = runShell("bash '" + tmp.write("window.sh", script) +
+                               "' '" PROSPECTOR_BINARY "' '" PROSPECTOR_DATA_DIR "' '" + tmp.path("v.sav") + "'");
   if (r.status == 77) GTEST_SKIP() << "needs Xvfb, xprop and xdotool";
   EXPECT_EQ(r.out,
             "WM_NAME(STRING) = \"Star Prospector\"\n_NET_WM_ICON(CARDINAL) = \tIcon (64 x 64):\n"
@@ -78,7 +57,7 @@ TEST(Desktop, TheWindowIsNamedAndWearsTheShipIconAndALostDisplaySavesTheVoyageAn
 }
 
 TEST(Desktop, MakePlayBuildsTheGameAloneBeforeRunningIt) {
-  const std::string plan = shell("make -n -C '" PROSPECTOR_SOURCE_DIR "' play BUILD=plan").out;  // not carried out
+  const std::string plan = runShell("make -n -C '" PROSPECTOR_SOURCE_DIR "' play BUILD=plan").out;  // not carried out
   for (const auto& [step, planned] : {std::pair("cmake --build plan --target prospector ", true),
                                       {"cmake --build plan -j", false},
                                       {"plan/prospector --data plan/data", true}})

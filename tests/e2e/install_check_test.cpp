@@ -1,39 +1,18 @@
 // Installing the game into a prefix and checking data files, through the real binary.
-#include <sys/wait.h>
-
 #include "support/test_support.h"
 
 namespace fs = std::filesystem;
 
-namespace {
-
-// Runs a shell command; returns its status with standard output and error together.
-RunResult shell(const std::string& command) {
-  RunResult result;
-  std::FILE* pipe = popen((command + " 2>&1").c_str(), "r");
-  if (!pipe) return result;
-  char buffer[4096];
-  std::size_t n;
-  while ((n = std::fread(buffer, 1, sizeof buffer, pipe)) > 0) result.out.append(buffer, n);
-  const int raw = pclose(pipe);
-  result.status = WIFEXITED(raw) ? WEXITSTATUS(raw) : -1;
-  return result;
-}
-
-const fs::path buildDir = fs::path(PROSPECTOR_BINARY).parent_path();
-
 // Seventeen lines of one planet, the hydrosphere and lithosphere as given.
-std::string planet(int lane, const char* hydro = "Water", const char* litho = "Iron") {
+static std::string planet(int lane, const char* hydro = "Water", const char* litho = "Iron") {
   return std::to_string(lane) + "\n60\n23\n1.0\n-20\n30\n0\n200\nNitrogen\nOxygen\nArgon\n" + hydro + "\n" + litho +
          "\nNickel\nGold\nClear\n1234\n";
 }
 
-}  // namespace
-
 TEST(Install, InstalledGameFindsItsDataFromAnyDirectory) {
   TempDir tmp;
-  const std::string prefix = tmp.path("prefix");
-  const RunResult install = shell("cmake --install '" + buildDir.string() + "' --prefix '" + prefix + "'");
+  const std::string prefix = tmp.path("prefix"), buildDir = fs::path(PROSPECTOR_BINARY).parent_path();
+  const RunResult install = runShell("cmake --install '" + buildDir + "' --prefix '" + prefix + "'");
   ASSERT_EQ(install.status, 0) << install.out;
   for (const char* file :
        {"bin/prospector", "share/prospector/NewGame.sav", "share/prospector/ATX_A.ttf", "share/prospector/Stars/M.bmp",
@@ -41,24 +20,23 @@ TEST(Install, InstalledGameFindsItsDataFromAnyDirectory) {
         "share/pixmaps/prospector.xpm", "share/man/man6/prospector.6"}) {
     EXPECT_TRUE(fs::exists(fs::path(prefix) / file)) << file;
   }
-  std::ifstream manPage(prefix + "/share/man/man6/prospector.6");
-  const std::string man((std::istreambuf_iterator<char>(manPage)), std::istreambuf_iterator<char>());
+  const std::string man = readFile(prefix + "/share/man/man6/prospector.6");
   EXPECT_NE(man.find(".SH FILES\n.TP\n.I " + prefix + "/share/prospector/\n"), std::string::npos) << man;
 
   // Started from a directory without data, with no --data.
   fs::create_directory(tmp.path("elsewhere"));
   const std::string game =
       "cd '" + tmp.path("elsewhere") + "' && SDL_VIDEODRIVER=dummy '" + prefix + "/bin/prospector'";
-  RunResult r = shell(game + " --frames 5 --unthrottled");
+  RunResult r = runShell(game + " --frames 5 --unthrottled");
   EXPECT_EQ(r.status, 0) << r.out;
-  r = shell(game + " --check");
+  r = runShell(game + " --check");
   EXPECT_EQ(r.status, 0) << r.out;
   EXPECT_EQ(r.out.rfind(prefix + "/share/prospector: data clean: ", 0), 0u) << r.out;
   EXPECT_EQ(std::count(r.out.begin(), r.out.end(), '\n'), 1) << "nothing but the one line, on either stream";
 
   // A program with no data beside it and none here names where it looked.
   fs::copy_file(prefix + "/bin/prospector", tmp.path("elsewhere/prospector"));
-  r = shell("cd '" + tmp.path("elsewhere") + "' && ./prospector --frames 1");
+  r = runShell("cd '" + tmp.path("elsewhere") + "' && ./prospector --frames 1");
   EXPECT_EQ(r.status, 1);
   EXPECT_NE(r.out.find("no game data (NewGame.sav) in " + tmp.dir() + "/share/prospector and " + tmp.path("elsewhere")),
             std::string::npos)
@@ -66,11 +44,10 @@ TEST(Install, InstalledGameFindsItsDataFromAnyDirectory) {
   EXPECT_NE(r.out.find("--data DIR"), std::string::npos) << r.out;
 
   // Uninstalling removes every installed file and the data directory.
-  r = shell("cmake -DBUILD_DIR='" + buildDir.string() + "' -P '" PROSPECTOR_SOURCE_DIR "/cmake/Uninstall.cmake'");
+  r = runShell("cmake -DBUILD_DIR='" + buildDir + "' -P '" PROSPECTOR_SOURCE_DIR "/cmake/Uninstall.cmake'");
   EXPECT_EQ(r.status, 0) << r.out;
-  EXPECT_FALSE(fs::exists(prefix + "/bin/prospector"));
-  EXPECT_FALSE(fs::exists(prefix + "/share/prospector"));
-  EXPECT_FALSE(fs::exists(prefix + "/share/applications/prospector.desktop"));
+  for (const char* file : {"/bin/prospector", "/share/prospector", "/share/applications/prospector.desktop"})
+    EXPECT_FALSE(fs::exists(prefix + file)) << file;
 }
 
 TEST(DataCheck, ReportsEachProblemWithItsFileAndLine) {

@@ -90,10 +90,8 @@ std::vector<std::string> LogWatch::lines() const {
 }
 
 bool LogWatch::saw(const char* text) const {
-  for (const std::string& line : lines()) {
-    if (line.find(text) != std::string::npos) return true;
-  }
-  return false;
+  const std::vector<std::string> seen = lines();
+  return std::any_of(seen.begin(), seen.end(), [&](const std::string& line) { return line.find(text) != line.npos; });
 }
 
 const char* lastMessage(int back) {
@@ -186,7 +184,7 @@ std::string dataCopy(const TempDir& tmp) {
 std::string dataCopyWithSave(const TempDir& tmp, int mode, int starX, int starY, int systemX, int systemY, int planet,
                              const std::string& shipHold, const std::string& roverHold) {
   const std::string data = dataCopy(tmp);
-  // The saved game's lines without comments: ship, name, star cell, system cell, planet, mode, ...
+  // Its lines without comments: ship, name, star cell, system cell, planet, mode, ..., the two holds.
   std::vector<std::string> fields = {"", ""};
   for (int value : {starX, starY, systemX, systemY, planet, mode}) fields.push_back(std::to_string(value));
   std::ifstream shipped(data + "/NewGame.sav");
@@ -202,16 +200,11 @@ std::string dataCopyWithSave(const TempDir& tmp, int mode, int starX, int starY,
   return data;
 }
 
-namespace {
-std::string slurp(const std::string& path) {
-  std::ifstream in(path, std::ios::binary);
+std::string readFile(const std::string& path) {
   std::ostringstream s;
-  s << in.rdbuf();
+  s << std::ifstream(path, std::ios::binary).rdbuf();
   return s.str();
 }
-}  // namespace
-
-std::string readFile(const std::string& path) { return slurp(path); }
 
 RunResult runGame(const std::string& arguments, const std::string& environment) {
   TempDir tmp;
@@ -221,8 +214,19 @@ RunResult runGame(const std::string& arguments, const std::string& environment) 
   const int raw = std::system(command.c_str());
   RunResult result;
   result.status = WIFEXITED(raw) ? WEXITSTATUS(raw) : -1;
-  result.out = slurp(out);
-  result.err = slurp(err);
+  result.out = readFile(out);
+  result.err = readFile(err);
+  return result;
+}
+
+RunResult runShell(const std::string& command) {
+  RunResult result;
+  std::FILE* pipe = popen((command + " 2>&1").c_str(), "r");
+  if (!pipe) return result;
+  for (char buffer[4096]; const std::size_t n = std::fread(buffer, 1, sizeof buffer, pipe);)
+    result.out.append(buffer, n);
+  const int raw = pclose(pipe);
+  result.status = WIFEXITED(raw) ? WEXITSTATUS(raw) : -1;
   return result;
 }
 
