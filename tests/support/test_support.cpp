@@ -102,13 +102,11 @@ const char* lastMessage(int back) {
 
 PlacedObjects::~PlacedObjects() {
   for (auto it = placed_.rbegin(); it != placed_.rend(); ++it) {
-    releasePlanetImages(it->object);
-    starMap[it->x][it->y].object = it->previous;
-    for (Planet*& planet : it->object->Planets) {
-      delete planet;
-      planet = nullptr;
-    }
-    delete it->object;
+    auto [x, y, object, previous] = *it;
+    releasePlanetImages(object);
+    starMap[x][y].object = previous;
+    for (Planet* planet : object->Planets) delete planet;
+    delete object;
   }
 }
 
@@ -126,12 +124,8 @@ StellarObject* PlacedObjects::place(int x, int y, const char* Class, const char*
 
 std::vector<std::string> stateLines(const std::string& output) {
   std::vector<std::string> lines;
-  std::size_t pos = 0;
-  while ((pos = output.find("STATE {", pos)) != std::string::npos) {
-    const std::size_t end = output.find('\n', pos);
-    lines.push_back(output.substr(pos, end == std::string::npos ? std::string::npos : end - pos));
-    pos = end;
-  }
+  for (std::size_t pos = 0; (pos = output.find("STATE {", pos)) != std::string::npos; pos = output.find('\n', pos))
+    lines.push_back(output.substr(pos, output.find('\n', pos) - pos));
   return lines;
 }
 
@@ -162,8 +156,8 @@ std::string statesAt(int first, int last) {
 
 std::vector<float> stateFloats(const std::string& state, const std::string& name) {
   std::string list = stateField(state, name);
-  for (char& c : list)
-    if (c == '[' || c == ']' || c == ',') c = ' ';
+  std::replace_if(
+      list.begin(), list.end(), [](char c) { return c == '[' || c == ']' || c == ','; }, ' ');
   std::istringstream in(list);
   std::vector<float> values;
   for (float v; in >> v;) values.push_back(v);

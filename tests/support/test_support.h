@@ -75,8 +75,7 @@ int litPixels(SDL_Surface* surface, int x1, int y1, int x2, int y2);
 
 struct RunResult {
   int status = -1;
-  std::string out;
-  std::string err;
+  std::string out, err;
 };
 // Runs the game in the built data directory, `environment` (e.g. "HOME=/x") before the command.
 RunResult runGame(const std::string& arguments, const std::string& environment = "");
@@ -110,12 +109,7 @@ class PlacedObjects {
   StellarObject* place(int x, int y, const char* Class = "G", const char* Eco = "Lane 3", int planets = 0);
 
  private:
-  struct Entry {
-    int x, y;
-    StellarObject* object;
-    StellarObject* previous;
-  };
-  std::vector<Entry> placed_;
+  std::vector<std::tuple<int, int, StellarObject*, StellarObject*>> placed_;  // cell, object, previous object
 };
 
 // Scripted runs: the `STATE {...}` lines of the output, a field of one as written (number, "text", [list],
