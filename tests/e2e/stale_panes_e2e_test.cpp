@@ -28,9 +28,8 @@ std::string key(int frame, const char* name, const char* mods = "") {
 TEST(StalePanesEndToEnd, SweepHistoryWindowsCargoAndCaptureLeaveNothingBehind) {
   TempDir tmp;
   const auto shot = [&](const std::string& name) { return SurfacePtr(SDL_LoadBMP(tmp.path(name).c_str())); };
-  // In orbit round lane 0 of the home system: Science, Sensors, then the log, the message history and the
-  // frame-rate read-out each opened and closed; then Bridge, Captain, Cargo, two clicks on Iron's Up arrow and
-  // the ship's Jettison.
+  // Round lane 0 of the home system: Science, Sensors, the log, history and frame rate each opened and closed;
+  // then Bridge, Captain, Cargo, two clicks on Iron's Up arrow and the ship's Jettison.
   std::string script = clickRow(1, 1) + clickRow(10, 0) + key(72, "d", "ctrl") + key(75, "d", "ctrl") +
                        key(82, "z", "ctrl") + key(85, "z", "ctrl") + key(92, "r", "ctrl") + "at 1 state\n";
   const char* names[] = {"swept", "log", "history", "rate"};
