@@ -95,4 +95,28 @@ TEST(FlightEndToEnd, SavedShipConfigShieldsAndAFlightThroughTheHomeSystem) {
   EXPECT_EQ(std::pair(at(left, "posX"), at(left, "posY")), std::pair(100 * 50 + 250, 100 * 50 + 300));
   EXPECT_LE(at(left, "speed"), 2);  // Up, still held, gave one step since the stop
   EXPECT_LT(at(states.size() - 1, "posX"), 100 * 50 + 250);
+
+  // The same seed, from three cells below lane 0, flies into its orbit with the configuration window open: orbit
+  // shows its panes inside whole borders, no piece of the window left, the command window and strip not blank.
+  int px = 0, py = 0;
+  ASSERT_EQ(std::sscanf(stateField(states[entered], "PlanetCells").c_str(), "[[%d,%d", &px, &py), 2);
+  ASSERT_GE(py, 3) << "lane 0 lies too low to approach from below";
+  TempDir again;
+  script = clickRow(5, 2) + clickRow(14, 0) + "at 25 key down e\nat 26 key up e\nat 30 key down up\nat 90 state\n";
+  const RunResult c =
+      runScript(script + shot(90, "captured.bmp"),
+                "--data '" + dataCopyWithSave(again, 1, 100, 100, px, py - 3, 0) + "' --seed 3 --frames 91");
+  ASSERT_EQ(c.status, 0) << c.err;
+  const std::string captured = stateLines(c.out).at(0);
+  ASSERT_EQ(std::pair(stateNumber(captured, "mode"), stateNumber(captured, "configOpen")), std::pair(2, 1));
+  const SurfacePtr shown(SDL_LoadBMP(tmp.path("captured.bmp").c_str()));
+  ASSERT_TRUE(shown);
+  for (int b : {0, 1})
+    EXPECT_GT(litPixels(shown.get(), screenBoxes[b][0], screenBoxes[b][1], screenBoxes[b][2], screenBoxes[b][3]), 0)
+        << b;
+  for (int b = firstBorderBox; b < 6; ++b)
+    EXPECT_EQ(differingPixels(first.get(), shown.get(), screenBoxes[b][0], screenBoxes[b][1], screenBoxes[b][2],
+                              screenBoxes[b][3]),
+              0)
+        << b;
 }

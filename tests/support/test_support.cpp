@@ -77,6 +77,13 @@ int litPixels(SDL_Surface* surface, int x1, int y1, int x2, int y2) {
   return lit;
 }
 
+int differingPixels(SDL_Surface* a, SDL_Surface* b, int x1, int y1, int x2, int y2) {
+  int differing = 0;
+  for (int y = y1; y < y2; ++y)
+    for (int x = x1; x < x2; ++x) differing += pixelRGB(a, x, y) != pixelRGB(b, x, y);
+  return differing;
+}
+
 SurfacePtr blankSurface(int w, int h) {
   return SurfacePtr(SDL_CreateRGBSurface(SDL_SWSURFACE, w, h, 32, 0x00FF0000, 0x0000FF00, 0x000000FF, 0));
 }

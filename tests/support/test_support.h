@@ -70,8 +70,14 @@ Uint32 pixelRGB(SDL_Surface* surface, int x, int y);
 // `rows`, from `firstRow`), or only its lit pixels where other drawing overlaps (`litOnly`).
 bool showsText(SDL_Surface* shown, int x, int y, BitmapFont* font, const std::string& text, int width = 1000,
                bool litOnly = false, int rows = 1000, int firstRow = 0);
-// The number of pixels not black in the box [x1, x2) x [y1, y2).
+// The number of pixels not black in the box [x1, x2) x [y1, y2), or differing between two surfaces there.
 int litPixels(SDL_Surface* surface, int x1, int y1, int x2, int y2);
+int differingPixels(SDL_Surface* a, SDL_Surface* b, int x1, int y1, int x2, int y2);
+// Boxes x1, y1, x2, y2 of the screen: the command window, the message strip left of the frame-rate read-out, the
+// map's legend, then from `firstBorderBox` the pane borders round x = 510, y = 255 (right half) and y = 510.
+inline constexpr int screenBoxes[6][4] = {{515, 260, 795, 505}, {5, 515, 750, 595},   {10, 210, 501, 296},
+                                          {506, 0, 515, 600},   {515, 251, 800, 260}, {0, 506, 800, 515}};
+inline constexpr int firstBorderBox = 3;
 
 struct RunResult {
   int status = -1;
