@@ -70,18 +70,15 @@ bool showsText(SDL_Surface* shown, int x, int y, BitmapFont* font, const std::st
   return w > 0;
 }
 
-int litPixels(SDL_Surface* surface, int x1, int y1, int x2, int y2) {
-  int lit = 0;
-  for (int y = y1; y < y2; ++y)
-    for (int x = x1; x < x2; ++x) lit += pixelRGB(surface, x, y) != 0;
-  return lit;
-}
-
 int differingPixels(SDL_Surface* a, SDL_Surface* b, int x1, int y1, int x2, int y2) {
   int differing = 0;
   for (int y = y1; y < y2; ++y)
     for (int x = x1; x < x2; ++x) differing += pixelRGB(a, x, y) != pixelRGB(b, x, y);
   return differing;
+}
+
+int litPixels(SDL_Surface* surface, int x1, int y1, int x2, int y2) {
+  return differingPixels(surface, blankSurface(x2, y2).get(), x1, y1, x2, y2);
 }
 
 SurfacePtr blankSurface(int w, int h) {
