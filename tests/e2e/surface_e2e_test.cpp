@@ -1,25 +1,14 @@
-// A whole visit to a planet through the real game: from a saved game in orbit
-// around the planet richest in minerals, sweep it and read it, show the ship's
-// status, choose a site, descend, drive the rover over the deposits, launch,
-// and find the load in the ship.
+// A whole visit to a planet through the real game: from orbit round the planet richest in minerals, sweep and read
+// it, open and close the history windows, show the ship's status, throw out cargo, choose a site, descend, drive over
+// the deposits, launch, find the load in the ship, and leave orbit; read back from its screenshots along the way.
+#include <iterator>
+#include <numeric>
 
 #include "support/test_support.h"
 
-namespace {
+static float sum(const std::vector<float>& v) { return std::accumulate(v.begin(), v.end(), 0.0f); }
 
-float sum(const std::vector<float>& v) {
-  float s = 0;
-  for (float x : v) s += x;
-  return s;
-}
-
-float number(const std::string& state, const char* name) {
-  return std::strtof(stateField(state, name).c_str(), nullptr);
-}
-
-}  // namespace
-
-TEST(SurfaceEndToEnd, SweepReadLandDriveCollectAndLaunch) {
+TEST(SurfaceEndToEnd, SweepReadLandDriveCollectLaunchAndLeave) {
   ensureScreen();
   clearStarMap(starMap);
   loadStarmap(starMap);
@@ -32,80 +21,112 @@ TEST(SurfaceEndToEnd, SweepReadLandDriveCollectAndLaunch) {
           if (o->Planets[l] && (!planet || o->Planets[l]->MineralDensity > planet->MineralDensity))
             sx = x, sy = y, lane = l, planet = o->Planets[l];
   ASSERT_NE(planet, nullptr) << "no planet on the star map";
+  // The reference: of the planet's deposits, the nearest to the map centre, where the site starts.
+  MineralDepositList deposits;
+  generateMineralDeposits(deposits, planet);
+  long best = -1;
+  std::string nearest;
+  for (const MineralDeposit& d : deposits)
+    if (const long distance = (d.x - 180L) * (d.x - 180L) + (d.y - 90L) * (d.y - 90L);
+        d.amount > 0 && (best < 0 || distance < best)) {
+      best = distance;
+      nearest = "[" + std::to_string(d.x) + "," + std::to_string(d.y) + "," + std::to_string(int(d.kind)) + ",";
+    }
+  const Planet p = *planet;
+  clearStarMap(starMap);
   TempDir tmp;
   const std::string data = dataCopyWithSave(tmp, 2, sx, sy, 140, 2, lane);
-  std::string script = statesAt(0, 60) + clickRow(1, 1) + clickRow(10, 0);            // Science, Sensors
-  script += "at 60 screenshot " + tmp.path("readings.bmp") + "\n" + clickRow(62, 3);  // Status
-  script += "at 70 screenshot " + tmp.path("status.bmp") + "\nat 70 state\n";
-  script +=
-      clickRow(71, 4) + clickRow(80, 0) + clickRow(89, 0) + clickRow(98, 0);  // Bridge, Captain, Land, Select Site
-  script += clickAt(107, 125, 80) + "at 115 state\nat 115 screenshot " + tmp.path("site.bmp") +
-            "\n";  // the site: cell (100, 60)
-  // Select Site holds the command window still: click it off, then Descent.
-  script += clickAt(117, 600, 270) + clickRow(126, 1) + "at 180 state\nat 181 state\n";
-  script += clickRow(189, 4) + clickRow(198, 2) + clickRow(207, 0);  // Bridge, Navigator, Maneuver
-  // North for 40 frames, a quarter turn to the left, on for 40 more.
-  script += "at 219 key down up\nat 259 key down left\nat 277 key up left\nat 309 key up up\nat 311 state\n";
-  // Maneuver off, Bridge, Captain, Launch.
-  script += "at 314 mouse down\nat 317 mouse up\n" + clickRow(321, 3) + clickRow(330, 0) + clickRow(339, 0);
-  script += "at 394 state\nat 395 state\n";
-
-  const RunResult r = runScript(script, "--data " + data + " --seed 1 --log-stdout --frames 399");
+  const auto shot = [&](int frame, const char* name) {
+    return "at " + std::to_string(frame) + " screenshot " + tmp.path(name) + "\n";
+  };
+  const auto ctrl = [](int frame, const char* key) {
+    return "at " + std::to_string(frame) + " key down " + key + " ctrl\nat " + std::to_string(frame + 1) + " key up " +
+           key + " ctrl\n";
+  };
+  std::string script = statesAt(0, 60) + clickRow(1, 1) + clickRow(10, 0) + shot(60, "swept");  // Science, Sensors
+  // The log, the message history and the frame-rate read-out each opened and closed; then Status.
+  script += ctrl(62, "d") + ctrl(65, "d") + shot(70, "log") + ctrl(72, "z") + ctrl(75, "z") + shot(80, "history");
+  script += ctrl(82, "r") + shot(90, "rate") + clickRow(92, 3) + shot(100, "status") + "at 100 state\n";
+  // Bridge, Captain, Cargo, two clicks on Iron's Up arrow, the ship's Jettison, the window's close button.
+  script += clickRow(101, 4) + clickRow(110, 0) + clickRow(119, 2) + "at 128 state\n" + clickAt(130, 125, 95);
+  script += clickAt(139, 125, 95) + shot(147, "cargo") + clickAt(148, 200, 550) + "at 156 state\n";
+  script += clickAt(157, 775, 20) + clickRow(166, 0) + clickRow(175, 0);  // Land, Select Site
+  // The site: cell (100, 60); Select Site holds the command window still, so click it off, then Descent.
+  script += clickAt(184, 125, 80) + "at 192 state\n" + shot(192, "site") + clickAt(194, 600, 270) + clickRow(203, 1);
+  script += "at 257 state\nat 258 state\n" + clickRow(266, 4) + clickRow(275, 2) + clickRow(284, 0);
+  // Bridge, Navigator, Maneuver: north for 40 frames, a quarter turn to the left, on for 40 more.
+  script += "at 296 key down up\nat 336 key down left\nat 354 key up left\nat 386 key up up\nat 388 state\n";
+  // Maneuver off, Bridge, Captain, Launch; then Bridge, Navigator, Maneuver out of orbit.
+  script += "at 391 mouse down\nat 394 mouse up\n" + clickRow(398, 3) + clickRow(407, 0) + clickRow(416, 0);
+  script += "at 471 state\nat 472 state\n" + clickRow(473, 4) + clickRow(482, 2) + clickRow(491, 0) + "at 502 state\n";
+  const RunResult r = runScript(script, "--data " + data + " --seed 1 --log-stdout --frames 502");
   ASSERT_EQ(r.status, 0) << r.err;
   const std::vector<std::string> states = stateLines(r.out);
-  ASSERT_EQ(states.size(), 68u) << r.out;
+  ASSERT_EQ(states.size(), 71u) << r.out;
   const auto at = [&](std::size_t i, const char* name) { return stateNumber(states[i], name); };
-  const std::string &start = states[0], &swept = states[60], &status = states[61], &sited = states[62],
-                    &descending = states[63], &landed = states[64], &driven = states[65], &launching = states[66],
-                    &launched = states[67];
+  const std::string &start = states[0], &swept = states[60], &status = states[61], &sited = states[64],
+                    &descending = states[65], &landed = states[66], &driven = states[67], &launching = states[68],
+                    &launched = states[69], &left = states[70];
 
-  // The sweep runs for 30 frames and is counted when it ends.
+  // The sweep runs for 30 frames and is counted when it ends; then the nearest deposit shows.
   EXPECT_EQ(stateNumber(start, "mode"), 2);
   std::size_t done = 0;
   while (done < 61 && at(done, "scansTaken") == 0) ++done;
-  ASSERT_LE(done, 60u) << "the sweep never ended";
-  ASSERT_GE(done, 30u);
+  ASSERT_TRUE(done >= 30 && done <= 60) << "the sweep ended at " << done;
   for (std::size_t i = done - 29; i < done; ++i) EXPECT_EQ(at(i, "scanRunning"), 1) << "frame " << i;
-  EXPECT_EQ(at(done - 30, "scanRunning"), 0) << "the sweep took more than 30 frames";
-  EXPECT_EQ(at(done, "scanRunning"), 0);
+  EXPECT_EQ(at(done - 30, "scanRunning") + at(done, "scanRunning"), 0) << "the sweep took more than 30 frames";
   EXPECT_EQ(stateNumber(swept, "scansTaken"), 1);
+  EXPECT_EQ(stateField(start, "nearestDeposit"), "null");
+  EXPECT_EQ(stateField(swept, "nearestDeposit").rfind(nearest, 0), 0u) << swept;
 
-  // Then the planet's readings, and Science, Status the ship's status in the pane.
-  const SurfacePtr readings(SDL_LoadBMP(tmp.path("readings.bmp").c_str()));
+  // The planet's readings, the analysis the sweep fills, and the green wire globe turning beside them.
+  const auto load = [&](const char* name) { return SurfacePtr(SDL_LoadBMP(tmp.path(name).c_str())); };
+  const SurfacePtr readings = load("swept");
   ASSERT_TRUE(readings);
   BitmapFont* value = fontTable.fonts[4];
-  const auto after = [value](const char* label) { return 520 + textWidth(value, label); };
-  char mass[40], gravity[40], temperature[40];
-  std::snprintf(mass, sizeof mass, "%.2f x 10", double(planet->Mass));
-  std::snprintf(gravity, sizeof gravity, "%.2fg", double(planet->Gravity));
-  std::snprintf(temperature, sizeof temperature, "%dc to %dc", planet->MinTemp, planet->MaxTemp);
   EXPECT_TRUE(showsText(readings.get(), 520, 15, fontTable.fonts[2], "Orbital Lane:"));
-  EXPECT_TRUE(showsText(readings.get(), after("Orbital Lane: "), 15, value, std::to_string(lane)));
-  EXPECT_TRUE(showsText(readings.get(), after("Mass: "), 35, value, mass));
-  EXPECT_TRUE(showsText(readings.get(), after("Gravity: "), 55, value, gravity));
-  EXPECT_TRUE(showsText(readings.get(), after("Temperature: "), 75, value, temperature));
-  EXPECT_TRUE(showsText(readings.get(), after("Mineral Density: "), 95, value, std::to_string(planet->MineralDensity)));
-  // The sweep fills the analysis, and the wire globe turns beside the readings.
-  const Planet& p = *planet;
+  EXPECT_TRUE(showsText(readings.get(), 520 + textWidth(value, "Orbital Lane: "), 15, value, std::to_string(lane)));
+  EXPECT_TRUE(showsText(readings.get(), 520 + textWidth(value, "Mineral Density: "), 95, value,
+                        std::to_string(p.MineralDensity)));
   EXPECT_EQ(stateField(swept, "analysisLines"), std::string("[\"Atmosphere: ") + p.Atmos[0] + ", " + p.Atmos[1] + ", " +
                                                     p.Atmos[2] + "\",\"Hydrosphere: " + p.Hydro +
                                                     "\",\"Lithosphere: " + p.Litho[0] + ", " + p.Litho[1] + ", " +
                                                     p.Litho[2] + "\",\"Global Weather: " + p.Weather + "\"]");
-  int wire = 0;
-  for (int i = 0; i < 110 * 110; ++i) {
-    const Uint32 c = pixelRGB(readings.get(), 595 + i % 110, 120 + i / 110);
+  // The sweep's light-blue lines are gone from round the globe once it ends.
+  int wire = 0, blue = 0;
+  for (int i = 0; i < 120 * 120; ++i) {
+    const Uint32 c = pixelRGB(readings.get(), 595 + i % 120, 120 + i / 120);
     wire += (c >> 8 & 0xFF) > 0x80 && (c >> 16) < 0x40 && (c & 0xFF) < 0x40;
+    blue += (c & 0xFF) > 100 && (c & 0xFF) > ((c >> 8) & 0xFF) + 40;
   }
   EXPECT_GT(wire, 0) << "no green wire globe";
-  clearStarMap(starMap);
-  // Choosing the site shows the pointer's and the site's coordinates: map cell (100, 60).
-  const SurfacePtr siteShot(SDL_LoadBMP(tmp.path("site.bmp").c_str()));
-  ASSERT_TRUE(siteShot);
-  for (int y : {340, 370}) EXPECT_TRUE(showsText(siteShot.get(), 425, y, fontTable.fonts[2], "30'N 80'W")) << y;
+  EXPECT_EQ(blue, 0) << "sweep lines left behind the globe";
+  // Closing each window brings back every pane and border in that frame.
+  for (const char* name : {"log", "history", "rate"}) {
+    const SurfacePtr after = load(name);
+    ASSERT_TRUE(after) << name;
+    for (const auto& [x1, y1, x2, y2] : screenBoxes)
+      EXPECT_EQ(differingPixels(readings.get(), after.get(), x1, y1, x2, y2), 0) << name << " " << x1 << "," << y1;
+  }
+  // Science, Status shows the ship's status; choosing the site its and the pointer's coordinates.
   EXPECT_EQ(stateNumber(status, "showShipStatus"), 1);
-  const SurfacePtr statusShot(SDL_LoadBMP(tmp.path("status.bmp").c_str()));
-  ASSERT_TRUE(statusShot);
+  const SurfacePtr statusShot = load("status"), siteShot = load("site"), cargo = load("cargo");
+  ASSERT_TRUE(statusShot && siteShot && cargo);
   EXPECT_TRUE(showsText(statusShot.get(), 515, 25, fontTable.fonts[2], "Ship Class   : Surveyor"));
+  for (int y : {340, 370}) EXPECT_TRUE(showsText(siteShot.get(), 425, y, fontTable.fonts[2], "30'N 80'W")) << y;
+
+  // Cargo: the shipped hold, Iron 4.5 CU, 2.25 in slot 4 and 0.75 in slot 17; two of the Iron thrown away. The
+  // window covers the screen: its green frame, and Iron's text in its row.
+  std::vector<float> hold = stateFloats(states[62], "shipHold");
+  ASSERT_EQ(hold.size(), 22u);
+  EXPECT_EQ(std::vector<float>(hold.begin(), hold.begin() + 5), (std::vector<float>{0, 4.5f, 0, 0, 2.25f}));
+  EXPECT_EQ(hold[17], 0.75f);
+  hold[1] = 2.5f;
+  EXPECT_EQ(stateFloats(states[63], "shipHold"), hold);
+  EXPECT_EQ(std::tuple(stateNumber(states[62], "cargoOpen"), stateNumber(states[63], "cargoOpen")), std::tuple(1, 1));
+  EXPECT_EQ(stateField(states[62], "shipHoldFree") + " " + stateField(states[63], "shipHoldFree"), "192.5 194.5");
+  EXPECT_EQ(pixelRGB(cargo.get(), 0, 300), 0x00FF00u);
+  EXPECT_GT(litPixels(cargo.get(), 150, 90, 280, 105), 0);
 
   // Descent for 50 frames, the drive, the launch for 50 and back in orbit after 51.
   const std::pair<const std::string*, std::vector<int>> steps[] = {
@@ -118,16 +139,15 @@ TEST(SurfaceEndToEnd, SweepReadLandDriveCollectAndLaunch) {
   EXPECT_EQ(stateNumber(driven, "heading"), 90);
 
   // Free space is capacity less the load, in both holds, at every step.
-  const float capacity = number(start, "shipHoldCapacity");
+  const auto number = [](const std::string& s, const char* name) { return std::stof(stateField(s, name)); };
   for (const std::string& s : states) {
     EXPECT_NEAR(number(s, "roverHoldFree"), 50.0f - sum(stateFloats(s, "roverHold")), 0.02f);
-    EXPECT_NEAR(number(s, "shipHoldFree"), capacity - sum(stateFloats(s, "shipHold")), 0.02f);
+    EXPECT_NEAR(number(s, "shipHoldFree"), number(start, "shipHoldCapacity") - sum(stateFloats(s, "shipHold")), 0.02f);
   }
-
   // The launch moved the rover's whole load into the ship, mineral by mineral.
   const std::vector<float> roverBefore = stateFloats(launching, "roverHold"),
-                           shipBefore = stateFloats(launching, "shipHold");
-  const std::vector<float> roverAfter = stateFloats(launched, "roverHold"),
+                           shipBefore = stateFloats(launching, "shipHold"),
+                           roverAfter = stateFloats(launched, "roverHold"),
                            shipAfter = stateFloats(launched, "shipHold");
   ASSERT_EQ(shipAfter.size(), 22u);
   for (int m = 0; m < 22; ++m) {
@@ -135,8 +155,16 @@ TEST(SurfaceEndToEnd, SweepReadLandDriveCollectAndLaunch) {
     EXPECT_EQ(roverAfter[m], 0.0f) << m;
   }
 
+  // Leaving orbit puts the ship two cells right of and below its planet's cell.
+  ASSERT_EQ(stateNumber(left, "mode"), 1);
+  const std::regex entry(R"(null|\[(-?\d+),(-?\d+)\])");
+  auto cell = std::sregex_iterator(left.begin() + left.find("\"PlanetCells\":[") + 15, left.end(), entry);
+  std::advance(cell, lane);
+  EXPECT_EQ(std::stoi((*cell)[1]) + 2, stateNumber(left, "sysX") / 50) << left;
+  EXPECT_EQ(std::stoi((*cell)[2]) + 2, stateNumber(left, "sysY") / 50) << left;
+
   if (stateNumber(start, "deposits") == 0) GTEST_SKIP() << "the planet has no deposits to collect";
   EXPECT_GT(sum(stateFloats(driven, "roverHold")), 0.0f);
   EXPECT_NE(r.out.find("Collected "), std::string::npos);
-  EXPECT_GT(sum(shipAfter), sum(stateFloats(start, "shipHold")));
+  EXPECT_GT(sum(shipAfter), sum(hold));
 }

@@ -1,14 +1,10 @@
-// The kept voyage through the real game: it is written on Escape and on the
-// close request and read back the same in every mode, a broken one is set
-// aside for its backup or the new game, a failed write loses nothing, and a
-// kill at any moment leaves a whole voyage.
+// The kept voyage through the real game: written on Escape and on the close request and read back the same in
+// every mode, a broken one set aside for its backup or the new game, a failed write losing nothing, and a kill at
+// any moment leaving a whole voyage.
 #include <signal.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
-#include <unistd.h>
 
-#include <chrono>
-#include <filesystem>
 #include <random>
 #include <sstream>
 #include <thread>
@@ -17,16 +13,13 @@
 #include "shell/saved_game_writer.h"
 #include "support/test_support.h"
 
-namespace {
-
-bool has(const std::string& text, const std::string& part) { return text.find(part) != std::string::npos; }
+static bool has(const std::string& text, const std::string& part) { return text.find(part) != std::string::npos; }
 
 // Runs the game on `data` with the voyage `voyage`: a state line at frame 1, then `exit` at frame 3.
-RunResult runVoyage(const std::string& data, const std::string& voyage, const std::string& exit = "key down escape") {
+static RunResult runVoyage(const std::string& data, const std::string& voyage,
+                           const std::string& exit = "key down escape") {
   return runScript("at 1 state\nat 3 " + exit + "\n", "--data " + data + " --voyage " + voyage + " --log-stdout");
 }
-
-}  // namespace
 
 TEST_F(GameTest, EveryModeComesBackAsItWasLeftOnEscapeOrClose) {
   const struct {
@@ -43,7 +36,6 @@ TEST_F(GameTest, EveryModeComesBackAsItWasLeftOnEscapeOrClose) {
     TempDir tmp;
     const std::string data =
         dataCopyWithSave(tmp, row.mode, 100, row.starY, 140, 2, row.planet, row.shipHold, row.roverHold);
-    // The voyage as the game's own loader and writer make it here.
     ASSERT_TRUE(loadGame((data + "/NewGame.sav").c_str()));
     const std::string kept = savedGameText(), voyage = tmp.write("v.sav", "# left earlier\n" + kept);
     // Every amount is written exactly: the hold lines (the last two) read back as the floats given.
@@ -124,8 +116,7 @@ TEST_F(GameTest, KilledAtAnyMomentOfItsAutosavesTheVoyageIsWhole) {
                 "--autosave", "0", "--unthrottled", "--frames", "100000000", nullptr));
   for (int i = 0; i < 1000 && !std::filesystem::exists(voyage); ++i)  // the bound only stops a hung run
     std::this_thread::sleep_for(std::chrono::milliseconds(10));
-  // A stopped process leaves on disk exactly what a kill at that moment would; the
-  // game writes the voyage every frame, so the moments fall all over its writes.
+  // A stopped process leaves on disk what a kill would then; the voyage is written every frame.
   std::mt19937 random(20);
   for (int moment = 0; moment <= 200; ++moment) {
     std::this_thread::sleep_for(std::chrono::microseconds(random() % 3000));

@@ -70,11 +70,15 @@ bool showsText(SDL_Surface* shown, int x, int y, BitmapFont* font, const std::st
   return w > 0;
 }
 
-int litPixels(SDL_Surface* surface, int x1, int y1, int x2, int y2) {
-  int lit = 0;
+int differingPixels(SDL_Surface* a, SDL_Surface* b, int x1, int y1, int x2, int y2) {
+  int differing = 0;
   for (int y = y1; y < y2; ++y)
-    for (int x = x1; x < x2; ++x) lit += pixelRGB(surface, x, y) != 0;
-  return lit;
+    for (int x = x1; x < x2; ++x) differing += pixelRGB(a, x, y) != pixelRGB(b, x, y);
+  return differing;
+}
+
+int litPixels(SDL_Surface* surface, int x1, int y1, int x2, int y2) {
+  return differingPixels(surface, blankSurface(x2, y2).get(), x1, y1, x2, y2);
 }
 
 SurfacePtr blankSurface(int w, int h) {
@@ -90,10 +94,8 @@ std::vector<std::string> LogWatch::lines() const {
 }
 
 bool LogWatch::saw(const char* text) const {
-  for (const std::string& line : lines()) {
-    if (line.find(text) != std::string::npos) return true;
-  }
-  return false;
+  const std::vector<std::string> seen = lines();
+  return std::any_of(seen.begin(), seen.end(), [&](const std::string& line) { return line.find(text) != line.npos; });
 }
 
 const char* lastMessage(int back) {
@@ -104,13 +106,11 @@ const char* lastMessage(int back) {
 
 PlacedObjects::~PlacedObjects() {
   for (auto it = placed_.rbegin(); it != placed_.rend(); ++it) {
-    releasePlanetImages(it->object);
-    starMap[it->x][it->y].object = it->previous;
-    for (Planet*& planet : it->object->Planets) {
-      delete planet;
-      planet = nullptr;
-    }
-    delete it->object;
+    auto [x, y, object, previous] = *it;
+    releasePlanetImages(object);
+    starMap[x][y].object = previous;
+    for (Planet* planet : object->Planets) delete planet;
+    delete object;
   }
 }
 
@@ -128,12 +128,8 @@ StellarObject* PlacedObjects::place(int x, int y, const char* Class, const char*
 
 std::vector<std::string> stateLines(const std::string& output) {
   std::vector<std::string> lines;
-  std::size_t pos = 0;
-  while ((pos = output.find("STATE {", pos)) != std::string::npos) {
-    const std::size_t end = output.find('\n', pos);
-    lines.push_back(output.substr(pos, end == std::string::npos ? std::string::npos : end - pos));
-    pos = end;
-  }
+  for (std::size_t pos = 0; (pos = output.find("STATE {", pos)) != std::string::npos; pos = output.find('\n', pos))
+    lines.push_back(output.substr(pos, output.find('\n', pos) - pos));
   return lines;
 }
 
@@ -164,8 +160,8 @@ std::string statesAt(int first, int last) {
 
 std::vector<float> stateFloats(const std::string& state, const std::string& name) {
   std::string list = stateField(state, name);
-  for (char& c : list)
-    if (c == '[' || c == ']' || c == ',') c = ' ';
+  std::replace_if(
+      list.begin(), list.end(), [](char c) { return c == '[' || c == ']' || c == ','; }, ' ');
   std::istringstream in(list);
   std::vector<float> values;
   for (float v; in >> v;) values.push_back(v);
@@ -186,7 +182,7 @@ std::string dataCopy(const TempDir& tmp) {
 std::string dataCopyWithSave(const TempDir& tmp, int mode, int starX, int starY, int systemX, int systemY, int planet,
                              const std::string& shipHold, const std::string& roverHold) {
   const std::string data = dataCopy(tmp);
-  // The saved game's lines without comments: ship, name, star cell, system cell, planet, mode, ...
+  // Its lines without comments: ship, name, star cell, system cell, planet, mode, ..., the two holds.
   std::vector<std::string> fields = {"", ""};
   for (int value : {starX, starY, systemX, systemY, planet, mode}) fields.push_back(std::to_string(value));
   std::ifstream shipped(data + "/NewGame.sav");
@@ -202,16 +198,11 @@ std::string dataCopyWithSave(const TempDir& tmp, int mode, int starX, int starY,
   return data;
 }
 
-namespace {
-std::string slurp(const std::string& path) {
-  std::ifstream in(path, std::ios::binary);
+std::string readFile(const std::string& path) {
   std::ostringstream s;
-  s << in.rdbuf();
+  s << std::ifstream(path, std::ios::binary).rdbuf();
   return s.str();
 }
-}  // namespace
-
-std::string readFile(const std::string& path) { return slurp(path); }
 
 RunResult runGame(const std::string& arguments, const std::string& environment) {
   TempDir tmp;
@@ -221,8 +212,19 @@ RunResult runGame(const std::string& arguments, const std::string& environment) 
   const int raw = std::system(command.c_str());
   RunResult result;
   result.status = WIFEXITED(raw) ? WEXITSTATUS(raw) : -1;
-  result.out = slurp(out);
-  result.err = slurp(err);
+  result.out = readFile(out);
+  result.err = readFile(err);
+  return result;
+}
+
+RunResult runShell(const std::string& command) {
+  RunResult result;
+  std::FILE* pipe = popen((command + " 2>&1").c_str(), "r");
+  if (!pipe) return result;
+  for (char buffer[4096]; const std::size_t n = std::fread(buffer, 1, sizeof buffer, pipe);)
+    result.out.append(buffer, n);
+  const int raw = pclose(pipe);
+  result.status = WIFEXITED(raw) ? WEXITSTATUS(raw) : -1;
   return result;
 }
 

@@ -42,18 +42,15 @@
 #include "universe/star_map.h"
 #include "universe/viewing_tree.h"
 
-// Opens the headless 800 x 600 x 32 screen once per test program, builds the
-// fonts and sets up the log and message windows; tests run in the built data
-// directory.
+// The headless 800 x 600 x 32 screen, fonts, log and message windows, made once per program.
 void ensureScreen();
-// The screen, fonts and trig tables are ready; the game state, the command
-// window and the history windows are back at their start values.
+// The screen is ready; the game state, command window and history windows are fresh.
 class GameTest : public ::testing::Test {
  protected:
   void SetUp() override;
 };
 
-// A fresh temporary directory for files a test writes; removed with the object.
+// A temporary directory, removed with the object.
 class TempDir {
  public:
   TempDir();
@@ -69,34 +66,36 @@ class TempDir {
 // Reads a pixel of a 32-bit surface as 0xRRGGBB.
 Uint32 pixelRGB(SDL_Surface* surface, int x, int y);
 
-struct BitmapFont;
-// Whether `text`, printed alone in `font` on black, shows on `shown` at (x, y): every pixel of
-// its box, at most `width` columns and `rows` rows of it, is the same; or, where the box
-// overlaps other drawing (`litOnly`), every lit pixel of the text; rows above `firstRow` are not compared.
+// Whether `text` in `font` shows at (x, y) as printed alone on black: every pixel of its box (at most `width` x
+// `rows`, from `firstRow`), or only its lit pixels where other drawing overlaps (`litOnly`).
 bool showsText(SDL_Surface* shown, int x, int y, BitmapFont* font, const std::string& text, int width = 1000,
                bool litOnly = false, int rows = 1000, int firstRow = 0);
-// The number of pixels not black in the box [x1, x2) x [y1, y2).
+// The number of pixels not black in the box [x1, x2) x [y1, y2), or differing between two surfaces there.
 int litPixels(SDL_Surface* surface, int x1, int y1, int x2, int y2);
+int differingPixels(SDL_Surface* a, SDL_Surface* b, int x1, int y1, int x2, int y2);
+// Boxes x1, y1, x2, y2 of the screen: the command window, the message strip left of the frame-rate read-out, the
+// map's legend, then from `firstBorderBox` the pane borders round x = 510, y = 255 (right half) and y = 510.
+inline constexpr int screenBoxes[6][4] = {{515, 260, 795, 505}, {5, 515, 750, 595},   {10, 210, 501, 296},
+                                          {506, 0, 515, 600},   {515, 251, 800, 260}, {0, 506, 800, 515}};
+inline constexpr int firstBorderBox = 3;
 
-// Runs the game binary with arguments in the built data directory; returns its exit status.
 struct RunResult {
   int status = -1;
-  std::string out;
-  std::string err;
+  std::string out, err;
 };
-// `environment` is put before the command, e.g. "SDL_VIDEODRIVER=none".
+// Runs the game in the built data directory, `environment` (e.g. "HOME=/x") before the command.
 RunResult runGame(const std::string& arguments, const std::string& environment = "");
+// Runs a shell command; its status and both streams together in `out`.
+RunResult runShell(const std::string& command);
 
 // A black 32-bit software surface.
 SurfacePtr blankSurface(int w, int h);
 
-// Watches the debug log from its creation on.
+// The debug log's lines since the watch was made, oldest first, and whether one contains `text`.
 class LogWatch {
  public:
   LogWatch();
-  // Whether a line logged since the watch began contains `text`.
   bool saw(const char* text) const;
-  // The lines logged since the watch began, oldest first.
   std::vector<std::string> lines() const;
 
  private:
@@ -106,7 +105,7 @@ class LogWatch {
 // The newest player message, or `back` messages before it.
 const char* lastMessage(int back = 0);
 
-// Puts stellar objects into star-map cells for one test and restores the cells afterwards.
+// Stellar objects put into star-map cells, the cells restored afterwards.
 class PlacedObjects {
  public:
   PlacedObjects() = default;
@@ -116,36 +115,28 @@ class PlacedObjects {
   StellarObject* place(int x, int y, const char* Class = "G", const char* Eco = "Lane 3", int planets = 0);
 
  private:
-  struct Entry {
-    int x, y;
-    StellarObject* object;
-    StellarObject* previous;
-  };
-  std::vector<Entry> placed_;
+  std::vector<std::tuple<int, int, StellarObject*, StellarObject*>> placed_;  // cell, object, previous object
 };
 
-// Scripted runs of the real game: the `STATE {...}` lines of its output, one
-// field of such a line (a number, "text", [list] or {object} as written), and
-// the script lines of a click on a row of the command window.
+// Scripted runs: the `STATE {...}` lines of the output, a field of one as written (number, "text", [list],
+// {object}), as a number or a list of numbers.
 std::vector<std::string> stateLines(const std::string& output);
 std::string stateField(const std::string& state, const std::string& name);
 int stateNumber(const std::string& state, const std::string& name);
-std::string clickRow(int frame, int row);
-// A click at (x, y) on screen: the mouse moves at `frame`, is pressed 3 frames later and let go after 3 more.
-std::string clickAt(int frame, int x, int y);
-// A `state` line for every frame from `first` to `last`.
-std::string statesAt(int first, int last);
-// The numbers of a state field holding a list, e.g. a hold.
 std::vector<float> stateFloats(const std::string& state, const std::string& name);
-// Runs the game unthrottled on `script` (written to a temporary file) with further arguments.
+// Script lines: a click on a command-window row, a click at (x, y) (move, press 3 frames later, release after 3
+// more), a `state` line every frame from `first` to `last`.
+std::string clickRow(int frame, int row);
+std::string clickAt(int frame, int x, int y);
+std::string statesAt(int first, int last);
+// Runs the game unthrottled on `script` with further arguments.
 RunResult runScript(const std::string& script, const std::string& arguments);
 
-// A copy of the built data directory in `tmp`, its saved game the shipped one.
+// A copy of the built data directory in `tmp`; with the saved game starting in `mode` at star cell (starX, starY),
+// system cell (systemX, systemY), planet slot `planet`, and the holds as shipped unless given.
 std::string dataCopy(const TempDir& tmp);
-// The same with the saved game starting in `mode` at star-map cell (starX, starY), system cell
-// (systemX, systemY) and planet slot `planet`; the hold lines are the shipped ones unless given.
 std::string dataCopyWithSave(const TempDir& tmp, int mode, int starX, int starY, int systemX, int systemY, int planet,
                              const std::string& shipHold = "", const std::string& roverHold = "");
 
-// The whole content of a file; "" when it can't be read.
+// A whole file; "" when it can't be read.
 std::string readFile(const std::string& path);
