@@ -2,11 +2,9 @@
 // lost or moved.
 #include "shell/event_queue.h"
 
-#include <gtest/gtest.h>
-
 #include <random>
-#include <tuple>
-#include <vector>
+
+#include "support/test_support.h"
 
 namespace {
 
