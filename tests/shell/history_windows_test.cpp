@@ -37,29 +37,7 @@ class HistoryWindowsTest : public ::testing::Test {
 
 }  // namespace
 
-TEST_F(HistoryWindowsTest, RingsWrapAfterAThousandLinesCutLongOnesAndBoundTheScroll) {
-  for (int i = 0; i < 1000; ++i) logMessagef("line %d", i);
-  EXPECT_EQ(std::pair(debugLog.writeIndex, std::string(debugLog.lines[999])), std::pair(0, std::string("line 999")));
-  logMessage(std::string(150, 'x').c_str());
-  logMessage(nullptr);
-  EXPECT_EQ(std::string(debugLog.lines[0]) + "|" + debugLog.lines[1], std::string(99, 'x') + "|");
-
-  messageWindow.writeIndex = 999;
-  showMessage("newest");
-  showMessage(std::string(300, 'z').c_str());
-  EXPECT_EQ(std::tuple(std::string(messageWindow.lines[999]), std::string(messageWindow.lines[0]).size(),
-                       messageWindow.writeIndex),
-            std::tuple("newest", 99u, 1));
-
-  for (int i = 0; i < 2000; ++i) scrollHistoryBack();
-  EXPECT_EQ(historyScroll, 966);
-  scrollHistoryForward();
-  EXPECT_EQ(historyScroll, 965);
-  for (int i = 0; i < 2000; ++i) scrollHistoryForward();
-  EXPECT_EQ(historyScroll, 0);
-}
-
-TEST_F(HistoryWindowsTest, VisibleLogDrawsAtOnceAndScrollsAcrossTheWrap) {
+TEST_F(HistoryWindowsTest, RingsWrapAfterAThousandLinesCutLongOnesAndTheLogScrollsBackAcrossTheWrap) {
   logWs(1);
   EXPECT_EQ(bandEnd(0, 600), -1) << "the hidden log draws nothing";
   showLog();
@@ -67,15 +45,27 @@ TEST_F(HistoryWindowsTest, VisibleLogDrawsAtOnceAndScrollsAcrossTheWrap) {
   EXPECT_EQ(pixelRGB(screen, 75 + 650, 350), 0u) << "the window is 650 pixels wide";
   EXPECT_NEAR(lineEnd(1), endOf(1), 3);
   EXPECT_EQ(lineEnd(2), -1);
-
-  // Past the ring's wrap: the newest line at the bottom, scrolling back across the wrap.
   for (int i = 2; i < 1040; ++i) logWs(i % 5 + 1);
-  historyScroll = 0;
-  drawLog();
   EXPECT_NEAR(lineEnd(1), endOf(4), 3);
-  historyScroll = 966;
+  EXPECT_EQ(std::pair(debugLog.writeIndex, std::string(debugLog.lines[39])), std::pair(40, std::string(5, 'W')));
+  for (int i = 0; i < 2000; ++i) scrollHistoryBack();
+  EXPECT_EQ(historyScroll, 966);
   drawLog();
   EXPECT_NEAR(lineEnd(0), endOf((1039 - 966) % 5 + 1), 3);
+  scrollHistoryForward();
+  EXPECT_EQ(historyScroll, 965);
+  for (int i = 0; i < 2000; ++i) scrollHistoryForward();
+  EXPECT_EQ(historyScroll, 0);
+  logMessage(std::string(150, 'x').c_str());
+  logMessage(nullptr);
+  EXPECT_EQ(std::string(debugLog.lines[40]) + "|" + debugLog.lines[41], std::string(99, 'x') + "|");
+
+  messageWindow.writeIndex = 999;
+  showMessage("newest");
+  showMessage(std::string(300, 'z').c_str());
+  EXPECT_EQ(std::tuple(std::string(messageWindow.lines[999]), std::string(messageWindow.lines[0]).size(),
+                       messageWindow.writeIndex),
+            std::tuple("newest", 99u, 1));
 }
 
 TEST_F(HistoryWindowsTest, EachStripDrawingCopiesAtMostSevenLinesIntoTheLog) {

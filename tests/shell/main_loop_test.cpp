@@ -11,7 +11,6 @@
 namespace {
 
 std::vector<StellarObject*> released;
-void countRelease(StellarObject* object) { released.push_back(object); }
 
 class FrameLoopTest : public GameTest {
  protected:
@@ -22,35 +21,23 @@ class FrameLoopTest : public GameTest {
     gameState.posX = gameState.posY = 1000 * 50;  // far off the map's objects
     playerShip.engine.engineClass = 10;
     released.clear();
-    releaseSystemImages = countRelease;
+    releaseSystemImages = [](StellarObject* object) { released.push_back(object); };
   }
   void TearDown() override {
-    for (SDL_Event e; SDL_PollEvent(&e);) {
-    }
+    for (SDL_Event e; SDL_PollEvent(&e);) continue;
     clearEvents();
     SDL_SetModState(KMOD_NONE);
     releaseSystemImages = releasePlanetImages;
     freeMineralDeposits(gameState.deposits);
     gameState.currentObject = nullptr;
   }
-  static std::vector<int> speeds(int frames) {
-    std::vector<int> seen;
-    for (int i = 0; i < frames; ++i) {
-      applyFlightControls();
-      seen.push_back(gameState.speed);
-    }
-    return seen;
-  }
 };
 
 }  // namespace
 
 TEST_F(FrameLoopTest, CtrlTogglesNeedExactlyOneCtrlKey) {
-  const std::pair<int, bool> cases[] = {{KMOD_NONE, false},
-                                        {KMOD_LCTRL, true},
-                                        {KMOD_RCTRL, true},
-                                        {KMOD_LCTRL | KMOD_RCTRL, false},
-                                        {KMOD_LCTRL | KMOD_LSHIFT, true}};
+  const int cases[][2] = {
+      {KMOD_NONE, 0}, {KMOD_LCTRL, 1}, {KMOD_RCTRL, 1}, {KMOD_LCTRL | KMOD_RCTRL, 0}, {KMOD_LCTRL | KMOD_LSHIFT, 1}};
   for (const auto& [mods, acts] : cases) {
     SDL_SetModState(static_cast<SDLMod>(mods));
     for (const auto& [key, flag] : {std::pair(SDLK_d, &debugLog.visible), std::pair(SDLK_z, &messageWindow.expanded),
@@ -169,27 +156,33 @@ TEST_F(FrameLoopTest, EntryAndPlanetCells) {
   }
 }
 
-TEST_F(FrameLoopTest, SpeedRampsInSpaceAndSystemAndDownIsNoBrake) {
-  gameState.maneuverOn = gameState.upHeld = 1;
-  EXPECT_EQ(speeds(11), (std::vector<int>{2, 4, 6, 8, 10, 12, 14, 16, 18, 20, 20}));
-  gameState.upHeld = 0;
-  gameState.downHeld = 1;
-  EXPECT_EQ(speeds(11), (std::vector<int>{18, 16, 14, 12, 10, 8, 6, 4, 2, 0, 0}));
+// Up speeds the ship to its top speed, letting go slows it, in orbit the speed is left alone; turns wrap.
+TEST_F(FrameLoopTest, SpeedRampsInSpaceAndSystemAndTurnsWrap) {
+  const struct {
+    int mode, up;
+    std::vector<int> speeds;
+  } ramps[] = {{Space, 1, {2, 4, 6, 8, 10, 12, 14, 16, 18, 20, 20}},
+               {Space, 0, {18, 16, 14, 12, 10, 8, 6, 4, 2, 0, 0}},
+               {System, 1, {5, 10, 15, 20, 25, 30, 35, 40, 40}},
+               {System, 0, {35}},
+               {Orbit, 1, {35}}};
+  for (const auto& r : ramps) {
+    gameState.mode = r.mode;
+    gameState.upHeld = r.up;
+    std::vector<int> seen;
+    while (seen.size() < r.speeds.size()) {
+      applyFlightControls();
+      seen.push_back(gameState.speed);
+    }
+    EXPECT_EQ(seen, r.speeds) << r.mode << r.up;
+  }
   gameState.rightHeld = 1;
   applyFlightControls();
-  EXPECT_EQ(gameState.heading, 355) << "turns by 5 degrees, wrapping";
+  EXPECT_EQ(gameState.heading, 355);
   gameState.rightHeld = 0;
   gameState.leftHeld = 1;
   applyFlightControls();
   EXPECT_EQ(gameState.heading, 0);
-
-  gameState = {.mode = System, .upHeld = 1};
-  EXPECT_EQ(speeds(9), (std::vector<int>{5, 10, 15, 20, 25, 30, 35, 40, 40}));
-  gameState.upHeld = 0;
-  EXPECT_EQ(speeds(1), (std::vector<int>{35}));
-  gameState.mode = Orbit;
-  gameState.upHeld = 1;
-  EXPECT_EQ(speeds(1), (std::vector<int>{35})) << "orbit leaves the speed alone";
 }
 
 TEST_F(FrameLoopTest, TheMapsEdgesHoldTheShipOnIt) {
