@@ -93,23 +93,6 @@ TEST_F(FrameLoopTest, ClicksGoByTheLastMotionAndOverlaysTakeThemFirst) {
   EXPECT_EQ(std::tuple(getCurrentMenu(), isItemSelected(), gameState.siteClicked), std::tuple(4, 0, 0));
 }
 
-// A hundred motions, then E twice: the motions act as one, at the newest position, then each E in its frame.
-TEST_F(FrameLoopTest, AMotionRunActsAsItsNewestPositionThenOneEventPerFrameAndQuitEndsTheGame) {
-  SDL_Event e{};
-  e.type = SDL_MOUSEMOTION;
-  for (int x = 1; x <= 100; ++x) e.motion.x = static_cast<Uint16>(x), SDL_PushEvent(&e);
-  e = {};
-  e.type = SDL_KEYDOWN, e.key.keysym.sym = SDLK_e;
-  SDL_PushEvent(&e), SDL_PushEvent(&e);
-  std::vector<int> configOpen;
-  for (int frame = 0; frame < 3; ++frame) runFrame(), configOpen.push_back(gameState.configOpen);
-  EXPECT_EQ(std::pair(gameState.mouseX, configOpen), std::pair(100, std::vector<int>{0, 1, 0}));
-  e.type = SDL_QUIT;
-  SDL_PushEvent(&e);
-  EXPECT_EXIT(runFrame(), ::testing::ExitedWithCode(0), "");
-  EXPECT_EXIT(onKeyDown(SDLK_ESCAPE), ::testing::ExitedWithCode(0), "");
-}
-
 TEST_F(FrameLoopTest, HistoryWindowsTakeTheArrowsBeforeTheFlightControls) {
   gameState.maneuverOn = gameState.upHeld = debugLog.visible = 1;
   for (int i = 0; i < 3; ++i) runFrame();
