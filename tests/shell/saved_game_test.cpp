@@ -1,5 +1,6 @@
 #include "shell/saved_game.h"
 
+#include "platform/data_file.h"
 #include "support/test_support.h"
 
 // Designated initializers set just the fields a case needs; the rest keep their defaults.
@@ -7,40 +8,36 @@
 
 namespace {
 
-// Saved games are read in a directory of their own holding a ship with two hardpoints (Twin) and one without (Bare).
 class SavedGameTest : public GameTest {
  protected:
-  void SetUp() override {
-    GameTest::SetUp();
-    playerShip = Ship{};
-    dir.write("Ships/Twin.txt", "Twin\nGunboat\n90\n4\n2\n1,1\n2,2\n3,3\n4,4\n5,5\nTwo guns.\n");
-    dir.write("Ships/Bare.txt", "Bare\nHauler\n80\n2\n0\n1,1\n2,2\n3,3\nNo guns.\n");
-    previous_ = std::filesystem::current_path();
-    std::filesystem::current_path(dir.dir());
-  }
   void TearDown() override {
-    std::filesystem::current_path(previous_);
     freeMineralDeposits(gameState.deposits);
     playerShip = Ship{};
     gameState = GameState{};
   }
-  bool load(const std::string& content) { return loadGame(dir.write("Test.sav", content).c_str()); }
-  // A Bare saved game: position, system cell, slot and mode, then the hold lines.
-  bool loadBare(const std::string& cells, const std::string& holds) {
-    return load("Bare\nN\n" + cells + "\nE\nS\nP\n" + holds);
+  // Reads a saved game whose ship has `hardPoints` weapons and two holds of 50 CU.
+  static void read(const std::string& text, int hardPoints = 0) {
+    DataFile file(DataFile::Text{text});
+    readSavedGame(file, "Test.sav", [&](Ship& ship, const char*) {
+      ship.hardPointCount = hardPoints;
+      ship.shipHoldCapacity = ship.shipHoldFree = 100;
+      ship.roverHoldFree = roverHoldCapacity;
+    });
   }
-
-  TempDir dir;
-  std::filesystem::path previous_;
+  // Position, system cell, slot and mode, then the hold lines.
+  static void readCells(const std::string& cells, const std::string& holds) {
+    read("Bare\nN\n" + cells + "\nE\nS\nP\n" + holds);
+  }
 };
 
 }  // namespace
 
 TEST_F(SavedGameTest, LinesAreCountedPastCommentsThroughBothHoldsAndShortFilesStopWhereTheyEnd) {
-  ASSERT_TRUE(
-      load("# a saved game\n# for the tests\nTwin\nLucky Star\n10\n# the second axis\n20\n140\n2\n3\n0\n"
-           "Quick\nStrong\nWarm\n# the two weapons\nLaser\nGun\n1, 2.5\n# the rover's hold\n"
-           "0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0\nignored after the rover's hold\n"));
+  read(
+      "# a saved game\n# for the tests\nTwin\nLucky Star\n10\n# the second axis\n20\n140\n2\n3\n0\n"
+      "Quick\nStrong\nWarm\n# the two weapons\nLaser\nGun\n1, 2.5\n# the rover's hold\n"
+      "0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0\nignored after the rover's hold\n",
+      2);
   EXPECT_EQ(std::pair(std::string(playerShip.shipName), gameState.currentPlanet),
             std::pair(std::string("Lucky Star"), 3));
   EXPECT_EQ(std::tuple(std::string(playerShip.powerPlant.name), std::string(playerShip.hardPoints[1].weaponName),
@@ -48,14 +45,13 @@ TEST_F(SavedGameTest, LinesAreCountedPastCommentsThroughBothHoldsAndShortFilesSt
             std::tuple("Warm", "Gun", ""));
   EXPECT_EQ(
       std::tuple(playerShip.shipHoldFree, playerShip.roverHoldFree, playerShip.fuel, playerShip.shield.shieldCurrent),
-      std::tuple(196.5f, 50.0f, 999, 220));
+      std::tuple(96.5f, 50.0f, 999, 220));
 
   gameState.posX = 1234;
   EXPECT_FALSE(loadGame("NoSuch.sav"));
   EXPECT_EQ(gameState.posX, 1234);
   playerShip = Ship{};
-  playerShip.roverHoldFree = 7.0f;
-  ASSERT_TRUE(loadBare("1\n1\n1\n1\n0\n0", "1 1\n"));
+  readCells("1\n1\n1\n1\n0\n0", "1 1\n");
   // The rover's hold as the ship file left it; the fuel is set only after the rover's hold line.
   EXPECT_EQ(std::tuple(playerShip.shipHoldFree, playerShip.roverHoldFree, playerShip.fuel),
             std::tuple(98.0f, 50.0f, 0));
@@ -73,14 +69,14 @@ TEST_F(SavedGameTest, ValuesOutsideTheirRangesFallBackWithALogLine) {
                {"100\n100\n-1\n-1\n0\n1", "", System, -50, -50}};
   for (const auto& c : cases) {
     LogWatch log;
-    ASSERT_TRUE(loadBare(c.cells, "0\n0\n"));
+    readCells(c.cells, "0\n0\n");
     EXPECT_EQ(std::tuple(gameState.mode, gameState.currentPlanet, gameState.sysX, gameState.sysY),
               std::tuple(c.mode, 0, c.sysX, c.sysY))
         << c.cells;
     EXPECT_TRUE(*c.logged ? log.saw(c.logged) : !log.saw("far outside")) << c.cells;
   }
   LogWatch log;
-  ASSERT_TRUE(loadBare("-4\n99999999999\n400\n-2\n0\n0", "0\n0\n"));
+  readCells("-4\n99999999999\n400\n-2\n0\n0", "0\n0\n");
   EXPECT_EQ(std::tuple(gameState.posX, gameState.posY, gameState.sysX, gameState.sysY),
             std::tuple(300, 499 * 50 + 300, 281 * 50, -50));
   for (const char* line :
@@ -89,11 +85,11 @@ TEST_F(SavedGameTest, ValuesOutsideTheirRangesFallBackWithALogLine) {
     EXPECT_TRUE(log.saw(line)) << line;
 
   const std::string longText(200, 'n');
-  ASSERT_TRUE(load("Bare\n" + longText + "\n1\n1\n1\n1\n0\n0\n" + longText + "\nS\nP\n0\n0\n"));
+  read("Bare\n" + longText + "\n1\n1\n1\n1\n0\n0\n" + longText + "\nS\nP\n0\n0\n");
   EXPECT_EQ(std::string(playerShip.shipName) + playerShip.engine.name, std::string(198, 'n'));
 }
 
-// Bare has two holds: 100 CU. The ship's hold is line 12 of the file, the rover's line 13.
+// The ship's hold is line 12 of the file, the rover's line 13.
 TEST_F(SavedGameTest, HoldAmountsThatAreNotFiniteOrDoNotFitAreLoggedAndLeftEmpty) {
   using Slots = std::array<float, 3>;
   const struct {
@@ -112,7 +108,7 @@ TEST_F(SavedGameTest, HoldAmountsThatAreNotFiniteOrDoNotFitAreLoggedAndLeftEmpty
   for (const auto& c : cases) {
     LogWatch log;
     playerShip = Ship{};
-    ASSERT_TRUE(loadBare("1\n1\n1\n1\n0\n0", c.holds));
+    readCells("1\n1\n1\n1\n0\n0", c.holds);
     const auto first = [](const auto& hold) { return Slots{hold[0], hold[1], hold[2]}; };
     EXPECT_EQ(std::tuple(first(playerShip.shipHold), first(playerShip.roverHold), playerShip.shipHoldFree,
                          playerShip.roverHoldFree),
