@@ -35,7 +35,7 @@ class FrameLoopTest : public GameTest {
 
 }  // namespace
 
-TEST_F(FrameLoopTest, CtrlTogglesNeedExactlyOneCtrlKey) {
+TEST_F(FrameLoopTest, CtrlTogglesNeedExactlyOneCtrlKeyAndArrowsAreHeldUnlessTheChartOrSiteCursorTakesThem) {
   const int cases[][2] = {
       {KMOD_NONE, 0}, {KMOD_LCTRL, 1}, {KMOD_RCTRL, 1}, {KMOD_LCTRL | KMOD_RCTRL, 0}, {KMOD_LCTRL | KMOD_LSHIFT, 1}};
   for (const auto& [mods, acts] : cases) {
@@ -49,9 +49,7 @@ TEST_F(FrameLoopTest, CtrlTogglesNeedExactlyOneCtrlKey) {
       EXPECT_EQ(*flag, before) << mods << " key " << key;
     }
   }
-}
 
-TEST_F(FrameLoopTest, ArrowsAreHeldUntilReleasedUnlessTheChartOrSiteCursorTakesThem) {
   const int arrows[] = {SDLK_UP, SDLK_DOWN, SDLK_RIGHT, SDLK_LEFT};
   const auto held = [] {
     return std::tuple(gameState.upHeld, gameState.downHeld, gameState.rightHeld, gameState.leftHeld);
@@ -93,25 +91,8 @@ TEST_F(FrameLoopTest, ClicksGoByTheLastMotionAndOverlaysTakeThemFirst) {
   EXPECT_EQ(std::tuple(getCurrentMenu(), isItemSelected(), gameState.siteClicked), std::tuple(4, 0, 0));
 }
 
-TEST_F(FrameLoopTest, HistoryWindowsTakeTheArrowsBeforeTheFlightControls) {
-  gameState.maneuverOn = gameState.upHeld = debugLog.visible = 1;
-  for (int i = 0; i < 3; ++i) runFrame();
-  EXPECT_EQ(historyScroll, 3);
-  gameState.upHeld = 0;
-  gameState.downHeld = 1;
-  runFrame();
-  EXPECT_EQ(historyScroll, 2);
-  debugLog.visible = gameState.downHeld = 0;
-  messageWindow.expanded = gameState.upHeld = 1;
-  runFrame();
-  EXPECT_EQ(std::pair(historyScroll, gameState.speed), std::pair(3, 0));
-  messageWindow.expanded = 0;
-  runFrame();
-  EXPECT_EQ(gameState.speed, speedStep);
-}
-
 // The trig tables use 3.14 and never reach one.
-TEST_F(FrameLoopTest, LayoutFramesTheFourPanesAndTrigTablesAreTheGames) {
+TEST_F(FrameLoopTest, LayoutFramesTheFourPanesAndTrigTablesEntryAndPlanetCellsAreTheGames) {
   EXPECT_EQ(std::pair(cosTable[0], std::round(cosTable[90] * 1e6)), std::pair(0.999999999, 796.0));
   drawScreenLayout(screen);
   for (const auto& [x, y] : {std::pair(0, 0), std::pair(799, 599), std::pair(799, 0), std::pair(700, 510)})
@@ -119,9 +100,6 @@ TEST_F(FrameLoopTest, LayoutFramesTheFourPanesAndTrigTablesAreTheGames) {
   EXPECT_EQ(pixelRGB(screen, 250, 250), 0u);
   EXPECT_NEAR(int(pixelRGB(screen, 250, 4) & 0xFF), 51, 9) << "the faint fifth ring";
   EXPECT_EQ(pixelRGB(screen, 250, 5), 0u);
-}
-
-TEST_F(FrameLoopTest, EntryAndPlanetCells) {
   const int entries[][3] = {{0, 140, 2},    {90, 278, 122}, {180, 140, 243}, {270, 2, 122},   {15, 140, 2},
                             {20, 210, 2},   {45, 210, 2},   {50, 278, 60},   {345, 70, 2},    {350, 140, 2},
                             {225, 70, 243}, {300, 2, 60},   {240, 2, 182},   {120, 278, 182}, {285, 2, 122},
@@ -139,8 +117,23 @@ TEST_F(FrameLoopTest, EntryAndPlanetCells) {
   }
 }
 
-// Up speeds the ship to its top speed, letting go slows it, in orbit the speed is left alone; turns wrap.
-TEST_F(FrameLoopTest, SpeedRampsInSpaceAndSystemAndTurnsWrap) {
+// With no history window open, Up speeds the ship to its top speed and letting go slows it, save in orbit.
+TEST_F(FrameLoopTest, ArrowsScrollAnOpenHistoryWindowElseSpeedUpToTheTopAndTurnsWrap) {
+  gameState.maneuverOn = gameState.upHeld = debugLog.visible = 1;
+  for (int i = 0; i < 3; ++i) runFrame();
+  EXPECT_EQ(historyScroll, 3);
+  gameState.upHeld = 0;
+  gameState.downHeld = 1;
+  runFrame();
+  EXPECT_EQ(historyScroll, 2);
+  debugLog.visible = gameState.downHeld = 0;
+  messageWindow.expanded = gameState.upHeld = 1;
+  runFrame();
+  EXPECT_EQ(std::pair(historyScroll, gameState.speed), std::pair(3, 0));
+  messageWindow.expanded = 0;
+  runFrame();
+  EXPECT_EQ(gameState.speed, speedStep);
+  gameState = GameState{};
   const struct {
     int mode, up;
     std::vector<int> speeds;
