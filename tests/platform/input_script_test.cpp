@@ -23,16 +23,14 @@ std::string parsed(const char* script) {
 }  // namespace
 
 TEST(InputScript, ReadsEveryCommandSortedByFrameAndErrorsNameTheLine) {
-  // 273 is the up arrow, 100 'd' and 122 'z'; 65 is left Ctrl and Shift, 128 right Ctrl.
-  EXPECT_EQ(parsed("# a flight\n\nat 5 key down up\nat 2 mouse move 600 290\nat 3 mouse down\n  at 3 mouse up   \n"
-                   "at 7 key up 273\nat 8 key down d ctrl shift\nat 8 key down z rctrl\nat 9 screenshot shot.bmp\n"
-                   "at 9 state\nat 10 quit"),
-            "2 move 600,290|3 press|3 release|5 keydown 273+0|7 keyup 273+0|8 keydown 100+65|8 keydown 122+128|"
-            "9 shot shot.bmp|9 state|10 quit|");
+  // The game's own scripts use every command; here what they leave out: comments, blank lines, leading blanks,
+  // key numbers and modifiers. 273 is the up arrow, 100 'd' and 122 'z'; 65 is left Ctrl and Shift, 128 right Ctrl.
+  EXPECT_EQ(parsed("# a flight\n\nat 5 key down up\n  at 2 mouse move 600 290   \nat 7 key up 273\n"
+                   "at 8 key down d ctrl shift\nat 8 key down z rctrl\nat 3 mouse down\nat 9 screenshot shot.bmp"),
+            "2 move 600,290|3 press|5 keydown 273+0|7 keyup 273+0|8 keydown 100+65|8 keydown 122+128|9 shot shot.bmp|");
   const char* errors[][2] = {{"at 1 state\nfly away\n", "s.txt:2: expected 'at FRAME COMMAND'"},
                              {"at x state\n", "s.txt:1: expected a frame number"},
                              {"at 1 key press up\n", "s.txt:1: expected 'key down|up KEY"},
-                             {"at 1 key down warp\n", "s.txt:1: expected a key name or number, not 'warp'"},
                              {"at 1 key down d alt\n", "s.txt:1: expected a modifier"},
                              {"at 1 mouse move 10\n", "s.txt:1: expected 'mouse move X Y'"},
                              {"at 1 mouse move 10 70000\n", "s.txt:1: expected 'mouse move X Y' with X and Y from 0"},

@@ -38,11 +38,10 @@ TEST_F(SavedGameTest, LinesAreCountedPastCommentsThroughBothHoldsAndShortFilesSt
       "Quick\nStrong\nWarm\n# the two weapons\nLaser\nGun\n1, 2.5\n# the rover's hold\n"
       "0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0\nignored after the rover's hold\n",
       2);
-  EXPECT_EQ(std::pair(std::string(playerShip.shipName), gameState.currentPlanet),
-            std::pair(std::string("Lucky Star"), 3));
-  EXPECT_EQ(std::tuple(std::string(playerShip.powerPlant.name), std::string(playerShip.hardPoints[1].weaponName),
-                       std::string(playerShip.hardPoints[2].weaponName)),
-            std::tuple("Warm", "Gun", ""));
+  EXPECT_EQ(
+      std::tuple(std::string(playerShip.shipName), gameState.currentPlanet, std::string(playerShip.powerPlant.name),
+                 std::string(playerShip.hardPoints[1].weaponName), playerShip.hardPoints[2].weaponName[0]),
+      std::tuple("Lucky Star", 3, "Warm", "Gun", '\0'));
   EXPECT_EQ(
       std::tuple(playerShip.shipHoldFree, playerShip.roverHoldFree, playerShip.fuel, playerShip.shield.shieldCurrent),
       std::tuple(96.5f, 50.0f, 999, 220));
