@@ -2,8 +2,6 @@
 
 namespace {
 
-int rowY(int r) { return 260 + 30 * r + 10; }
-
 class CommandWindowTest : public GameTest {
  protected:
   void SetUp() override {
@@ -13,7 +11,7 @@ class CommandWindowTest : public GameTest {
   void TearDown() override { playerShip.shieldsOnline = playerShip.weaponsOnline = 0; }
 
   // What the input handlers do: hover on motion, toggle on press, act on release.
-  static void moveTo(int row) { commandWindowHover(600, rowY(row), screen); }
+  static void moveTo(int row) { commandWindowHover(600, 270 + 30 * row, screen); }
   static void clickRow(int row) {
     moveTo(row);
     toggleItemSelected();
@@ -32,7 +30,7 @@ class CommandWindowTest : public GameTest {
 
 }  // namespace
 
-TEST_F(CommandWindowTest, ClicksSelectOnlyRowsTheMenuHas) {
+TEST_F(CommandWindowTest, ClicksSelectOnlyRowsTheMenuHasAndThePointedItemIsBright) {
   clickRow(1);
   EXPECT_EQ(window(), (std::vector<int>{3, 0, 0, 0, 0}));
   clickRow(1);
@@ -49,6 +47,18 @@ TEST_F(CommandWindowTest, ClicksSelectOnlyRowsTheMenuHas) {
   setCurrentMenu(12);
   setCurrentMenu(-1);
   EXPECT_EQ(getCurrentMenu(), 10) << "menus that do not exist are refused";
+
+  // The item under the pointer is bright, the others grey, and the text font is left current.
+  showMenu(0);
+  moveTo(2);
+  setCurrentFont(fontTable.fonts[0]);
+  SDL_FillRect(screen, nullptr, 0);
+  drawCommandWindow(screen);
+  const char* items[] = {"Captain", "Science", "Navigator", "Tactical", "Engineering", "Communication"};
+  for (int row = 0; row < 6; ++row)
+    EXPECT_TRUE(showsText(screen, 545, 262 + 30 * row, fontTable.fonts[row == 2 ? 13 : 14], items[row], 1000, true))
+        << items[row];
+  EXPECT_EQ(currentFont(), fontTable.fonts[2]);
 }
 
 // Tactical opens the menu of the shields and weapons; each of its first two items
@@ -71,16 +81,4 @@ TEST_F(CommandWindowTest, TacticalMenusFollowTheShieldsAndWeapons) {
     EXPECT_EQ(log.saw("menu 5"), c.menu == 0 && c.after[0] == 5);
     EXPECT_EQ(log.saw("menu 8"), c.menu == 0 && c.after[0] == 8);
   }
-}
-
-TEST_F(CommandWindowTest, TheItemUnderThePointerIsBrightTheOthersGreyAndTextIsLeftCurrent) {
-  moveTo(2);
-  setCurrentFont(fontTable.fonts[0]);
-  SDL_FillRect(screen, nullptr, 0);
-  drawCommandWindow(screen);
-  const char* items[] = {"Captain", "Science", "Navigator", "Tactical", "Engineering", "Communication"};
-  for (int row = 0; row < 6; ++row)
-    EXPECT_TRUE(showsText(screen, 545, 262 + 30 * row, fontTable.fonts[row == 2 ? 13 : 14], items[row], 1000, true))
-        << items[row];
-  EXPECT_EQ(currentFont(), fontTable.fonts[2]);
 }

@@ -1,10 +1,16 @@
-// The frame loop and the keyboard and mouse handlers it hands events to.
+// The frame loop, the keyboard and mouse handlers it hands events to, and flight in Space and in a system.
 
 #include "shell/event_queue.h"
+#include "shell/flight.h"
 #include "shell/input.h"
 #include "support/test_support.h"
 
+// Designated initializers set just the fields a case needs; the rest keep their defaults.
+#pragma GCC diagnostic ignored "-Wmissing-field-initializers"
+
 namespace {
+
+std::vector<StellarObject*> released;
 
 class FrameLoopTest : public GameTest {
  protected:
@@ -14,28 +20,24 @@ class FrameLoopTest : public GameTest {
     TearDown();
     gameState.posX = gameState.posY = 1000 * 50;  // far off the map's objects
     playerShip.engine.engineClass = 10;
+    released.clear();
+    releaseSystemImages = [](StellarObject* object) { released.push_back(object); };
   }
   void TearDown() override {
-    for (SDL_Event e; SDL_PollEvent(&e);) {
-    }
+    for (SDL_Event e; SDL_PollEvent(&e);) continue;
     clearEvents();
     SDL_SetModState(KMOD_NONE);
+    releaseSystemImages = releasePlanetImages;
+    freeMineralDeposits(gameState.deposits);
+    gameState.currentObject = nullptr;
   }
 };
 
 }  // namespace
 
-TEST(TrigTables, UseThreePointOneFourAndNeverReachOne) {
-  fillTrigTables();
-  EXPECT_EQ(cosTable[0], 0.999999999);
-  EXPECT_NEAR(cosTable[90], 0.000796, 0.000001);
-  for (int i = 0; i < 360; ++i) EXPECT_LT(std::max(std::fabs(sinTable[i]), std::fabs(cosTable[i])), 1.0) << i;
-}
-
-TEST_F(FrameLoopTest, CtrlTogglesNeedExactlyOneCtrlKey) {
-  const std::pair<int, bool> cases[] = {{KMOD_NONE, false},   {KMOD_LCTRL, true},
-                                        {KMOD_RCTRL, true},   {KMOD_LCTRL | KMOD_RCTRL, false},
-                                        {KMOD_LSHIFT, false}, {KMOD_LCTRL | KMOD_LSHIFT, true}};
+TEST_F(FrameLoopTest, CtrlTogglesNeedExactlyOneCtrlKeyAndArrowsAreHeldUnlessTheChartOrSiteCursorTakesThem) {
+  const int cases[][2] = {
+      {KMOD_NONE, 0}, {KMOD_LCTRL, 1}, {KMOD_RCTRL, 1}, {KMOD_LCTRL | KMOD_RCTRL, 0}, {KMOD_LCTRL | KMOD_LSHIFT, 1}};
   for (const auto& [mods, acts] : cases) {
     SDL_SetModState(static_cast<SDLMod>(mods));
     for (const auto& [key, flag] : {std::pair(SDLK_d, &debugLog.visible), std::pair(SDLK_z, &messageWindow.expanded),
@@ -47,9 +49,7 @@ TEST_F(FrameLoopTest, CtrlTogglesNeedExactlyOneCtrlKey) {
       EXPECT_EQ(*flag, before) << mods << " key " << key;
     }
   }
-}
 
-TEST_F(FrameLoopTest, ArrowsAreHeldUntilReleasedUnlessTheChartOrSiteCursorTakesThem) {
   const int arrows[] = {SDLK_UP, SDLK_DOWN, SDLK_RIGHT, SDLK_LEFT};
   const auto held = [] {
     return std::tuple(gameState.upHeld, gameState.downHeld, gameState.rightHeld, gameState.leftHeld);
@@ -91,24 +91,34 @@ TEST_F(FrameLoopTest, ClicksGoByTheLastMotionAndOverlaysTakeThemFirst) {
   EXPECT_EQ(std::tuple(getCurrentMenu(), isItemSelected(), gameState.siteClicked), std::tuple(4, 0, 0));
 }
 
-// A hundred motions, then E twice: the motions act as one, at the newest position, then each E in its frame.
-TEST_F(FrameLoopTest, AMotionRunActsAsItsNewestPositionThenOneEventPerFrameAndQuitEndsTheGame) {
-  SDL_Event e{};
-  e.type = SDL_MOUSEMOTION;
-  for (int x = 1; x <= 100; ++x) e.motion.x = static_cast<Uint16>(x), SDL_PushEvent(&e);
-  e = {};
-  e.type = SDL_KEYDOWN, e.key.keysym.sym = SDLK_e;
-  SDL_PushEvent(&e), SDL_PushEvent(&e);
-  std::vector<int> configOpen;
-  for (int frame = 0; frame < 3; ++frame) runFrame(), configOpen.push_back(gameState.configOpen);
-  EXPECT_EQ(std::pair(gameState.mouseX, configOpen), std::pair(100, std::vector<int>{0, 1, 0}));
-  e.type = SDL_QUIT;
-  SDL_PushEvent(&e);
-  EXPECT_EXIT(runFrame(), ::testing::ExitedWithCode(0), "");
-  EXPECT_EXIT(onKeyDown(SDLK_ESCAPE), ::testing::ExitedWithCode(0), "");
+// The trig tables use 3.14 and never reach one.
+TEST_F(FrameLoopTest, LayoutFramesTheFourPanesAndTrigTablesEntryAndPlanetCellsAreTheGames) {
+  EXPECT_EQ(std::pair(cosTable[0], std::round(cosTable[90] * 1e6)), std::pair(0.999999999, 796.0));
+  drawScreenLayout(screen);
+  for (const auto& [x, y] : {std::pair(0, 0), std::pair(799, 599), std::pair(799, 0), std::pair(700, 510)})
+    EXPECT_EQ(pixelRGB(screen, x, y), 0xA4A4FFu) << x << "," << y;
+  EXPECT_EQ(pixelRGB(screen, 250, 250), 0u);
+  EXPECT_NEAR(int(pixelRGB(screen, 250, 4) & 0xFF), 51, 9) << "the faint fifth ring";
+  EXPECT_EQ(pixelRGB(screen, 250, 5), 0u);
+  const int entries[][3] = {{0, 140, 2},    {90, 278, 122}, {180, 140, 243}, {270, 2, 122},   {15, 140, 2},
+                            {20, 210, 2},   {45, 210, 2},   {50, 278, 60},   {345, 70, 2},    {350, 140, 2},
+                            {225, 70, 243}, {300, 2, 60},   {240, 2, 182},   {120, 278, 182}, {285, 2, 122},
+                            {286, 2, 60},   {150, 210, 243}};
+  for (const auto& [heading, x, y] : entries) {
+    std::pair<int, int> cell;
+    systemEntryCell(heading, cell.first, cell.second);
+    EXPECT_EQ(cell, std::pair(x, y)) << heading;
+  }
+  const int planets[][4] = {{0, 0, 140, 102}, {0, 90, 159, 121}, {9, 180, 140, 231}, {2, 0, 140, 82}};
+  for (const auto& [lane, angle, x, y] : planets) {
+    std::pair<int, int> cell;
+    planetCell(lane, angle, cell.first, cell.second);
+    EXPECT_EQ(cell, std::pair(x, y)) << lane << "," << angle;
+  }
 }
 
-TEST_F(FrameLoopTest, HistoryWindowsTakeTheArrowsBeforeTheFlightControls) {
+// With no history window open, Up speeds the ship to its top speed and letting go slows it, save in orbit.
+TEST_F(FrameLoopTest, ArrowsScrollAnOpenHistoryWindowElseSpeedUpToTheTopAndTurnsWrap) {
   gameState.maneuverOn = gameState.upHeld = debugLog.visible = 1;
   for (int i = 0; i < 3; ++i) runFrame();
   EXPECT_EQ(historyScroll, 3);
@@ -123,13 +133,96 @@ TEST_F(FrameLoopTest, HistoryWindowsTakeTheArrowsBeforeTheFlightControls) {
   messageWindow.expanded = 0;
   runFrame();
   EXPECT_EQ(gameState.speed, speedStep);
+  gameState = GameState{};
+  const struct {
+    int mode, up;
+    std::vector<int> speeds;
+  } ramps[] = {{Space, 1, {2, 4, 6, 8, 10, 12, 14, 16, 18, 20, 20}},
+               {Space, 0, {18, 16, 14, 12, 10, 8, 6, 4, 2, 0, 0}},
+               {System, 1, {5, 10, 15, 20, 25, 30, 35, 40, 40}},
+               {System, 0, {35}},
+               {Orbit, 1, {35}}};
+  for (const auto& r : ramps) {
+    gameState.mode = r.mode;
+    gameState.upHeld = r.up;
+    std::vector<int> seen;
+    while (seen.size() < r.speeds.size()) {
+      applyFlightControls();
+      seen.push_back(gameState.speed);
+    }
+    EXPECT_EQ(seen, r.speeds) << r.mode << r.up;
+  }
+  gameState.rightHeld = 1;
+  applyFlightControls();
+  EXPECT_EQ(gameState.heading, 355);
+  gameState.rightHeld = 0;
+  gameState.leftHeld = 1;
+  applyFlightControls();
+  EXPECT_EQ(gameState.heading, 0);
 }
 
-TEST_F(FrameLoopTest, LayoutFramesTheFourPanes) {
-  drawScreenLayout(screen);
-  for (const auto& [x, y] : {std::pair(0, 0), std::pair(799, 599), std::pair(799, 0), std::pair(700, 510)})
-    EXPECT_EQ(pixelRGB(screen, x, y), 0xA4A4FFu) << x << "," << y;
-  EXPECT_EQ(pixelRGB(screen, 250, 250), 0u);
-  EXPECT_NEAR(int(pixelRGB(screen, 250, 4) & 0xFF), 51, 9) << "the faint fifth ring";
-  EXPECT_EQ(pixelRGB(screen, 250, 5), 0u);
+TEST_F(FrameLoopTest, TheMapsEdgesHoldTheShipOnIt) {
+  gameState = {.posX = 310, .posY = 305, .velX = 20.0, .velY = -20.0};
+  runSpaceFrame();
+  EXPECT_EQ(std::tuple(gameState.posX, gameState.posY, gameState.velX, gameState.velY), std::tuple(300, 300, 0., 0.));
+
+  // Past the last cell the ship is pulled back without the map being read off its end.
+  PlacedObjects objects;
+  StellarObject* edgeStar = objects.place(499, 100, "M", "Cold");
+  gameState = {
+      .posX = 499 * 50 + 349, .posY = 5310, .lastSectorX = 499, .lastSectorY = 100, .speed = 10, .heading = 270};
+  runFrame();
+  EXPECT_EQ(std::pair(gameState.mode, gameState.posX), std::pair(int(Space), 25299 + 9));
+  runFrame();
+  EXPECT_EQ(std::pair(gameState.mode, gameState.posX), std::pair(int(Space), 25250));
+  runFrame();  // cell 499 differs from the last drawn cell
+  EXPECT_EQ(std::pair(gameState.mode, gameState.currentObject), std::pair(int(System), edgeStar));
+}
+
+TEST_F(FrameLoopTest, CrossingASystemEdgePlacesTheShipNextToTheObject) {
+  StellarObject object;
+  object.x = 10;
+  object.y = 20;
+  // At a corner the second axis wins.
+  const struct {
+    int sysX, sysY, mode, posX, posY;
+  } cases[] = {{281 * 50, 5000, Space, 850, 1300},          {-50, 5000, Space, 750, 1300},
+               {5000, 246 * 50, Space, 800, 1350},          {5000, -50, Space, 800, 1250},
+               {281 * 50, -50, Space, 800, 1250},           {-49, -49, System, 0, 0},
+               {280 * 50 + 49, 245 * 50 + 49, System, 0, 0}};
+  for (const auto& c : cases) {
+    gameState = {.mode = System, .sysX = c.sysX, .sysY = c.sysY, .speed = 30, .currentObject = &object};
+    runSystemFrame();
+    EXPECT_EQ(std::tuple(gameState.mode, gameState.posX, gameState.posY, gameState.speed == 0),
+              std::tuple(c.mode, c.posX, c.posY, c.mode == Space))
+        << c.sysX << "," << c.sysY;
+  }
+  EXPECT_EQ(released, std::vector<StellarObject*>(5, &object)) << "released once per exit";
+}
+
+TEST_F(FrameLoopTest, FlyingOntoAPlanetsCellEstablishesOrbitAndLeavingPutsTheShipPastIt) {
+  StellarObject object;
+  Planet planet;
+  planet.Seed = 99;
+  object.Planets[2] = &planet;  // lane 2 at angle 0: cell (140, 82)
+  setCurrentMenu(4);
+  toggleItemSelected();
+  gameState = {.mode = System, .sysX = 7025, .sysY = 4130, .heading = 35, .currentObject = &object, .maneuverOn = 1};
+  gameState.scansTaken = 1;
+  for (char* line : gameState.analysisLines) std::snprintf(line, 8, "%s", "stale");  // a last planet's analysis
+  runSystemFrame();
+  EXPECT_EQ(std::tuple(gameState.mode, gameState.currentPlanet, gameState.maneuverOn, gameState.heading,
+                       gameState.scansTaken),
+            std::tuple(Orbit, 2, 0, 0, 0));
+  EXPECT_FALSE(isActive(4, 0));
+  EXPECT_EQ(std::vector<std::string>(std::begin(gameState.analysisLines), std::end(gameState.analysisLines)),
+            (std::vector<std::string>{" ", " ", " ", scansFirstText}));
+  EXPECT_STREQ(lastMessage(), "Orbit established");
+  EXPECT_STREQ(lastMessage(1), "Entering orbit");
+
+  leaveOrbit();
+  EXPECT_EQ(std::pair(gameState.sysX, gameState.sysY), std::pair(142 * 50, 84 * 50));
+  gameState.mode = System;
+  runSystemFrame();
+  EXPECT_EQ(gameState.mode, System) << "off the planet's cell";
 }

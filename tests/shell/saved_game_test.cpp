@@ -1,5 +1,6 @@
 #include "shell/saved_game.h"
 
+#include "platform/data_file.h"
 #include "support/test_support.h"
 
 // Designated initializers set just the fields a case needs; the rest keep their defaults.
@@ -7,59 +8,49 @@
 
 namespace {
 
-// Saved games are read in a directory of their own holding a ship with two
-// hardpoints (Twin) and one without (Bare), as the game reads its data directory.
 class SavedGameTest : public GameTest {
  protected:
-  void SetUp() override {
-    GameTest::SetUp();
-    playerShip = Ship{};
-    dir.write("Ships/Twin.txt", "Twin\nGunboat\n90\n4\n2\n1,1\n2,2\n3,3\n4,4\n5,5\nTwo guns.\n");
-    dir.write("Ships/Bare.txt", "Bare\nHauler\n80\n2\n0\n1,1\n2,2\n3,3\nNo guns.\n");
-    previous_ = std::filesystem::current_path();
-    std::filesystem::current_path(dir.dir());
-  }
   void TearDown() override {
-    std::filesystem::current_path(previous_);
     freeMineralDeposits(gameState.deposits);
     playerShip = Ship{};
     gameState = GameState{};
   }
-  bool load(const std::string& content) { return loadGame(dir.write("Test.sav", content).c_str()); }
-  // A Bare saved game: position, system cell, slot and mode, then the hold lines.
-  bool loadBare(const std::string& cells, const std::string& holds) {
-    return load("Bare\nN\n" + cells + "\nE\nS\nP\n" + holds);
+  // Reads a saved game whose ship has `hardPoints` weapons and two holds of 50 CU.
+  static void read(const std::string& text, int hardPoints = 0) {
+    DataFile file(DataFile::Text{text});
+    readSavedGame(file, "Test.sav", [&](Ship& ship, const char*) {
+      ship.hardPointCount = hardPoints;
+      ship.shipHoldCapacity = ship.shipHoldFree = 100;
+      ship.roverHoldFree = roverHoldCapacity;
+    });
   }
-
-  TempDir dir;
-  std::filesystem::path previous_;
+  // Position, system cell, slot and mode, then the hold lines.
+  static void readCells(const std::string& cells, const std::string& holds) {
+    read("Bare\nN\n" + cells + "\nE\nS\nP\n" + holds);
+  }
 };
 
 }  // namespace
 
-TEST_F(SavedGameTest, LinesAreCountedPastCommentsThroughBothHolds) {
-  LogWatch log;
-  ASSERT_TRUE(
-      load("# a saved game\n# for the tests\nTwin\nLucky Star\n10\n# the second axis\n20\n140\n2\n3\n0\n"
-           "Quick\nStrong\nWarm\n# the two weapons\nLaser\nGun\n1, 2.5\n# the rover's hold\n"
-           "0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0\nignored after the rover's hold\n"));
-  EXPECT_TRUE(log.saw("Load and cache player object: Twin"));
-  EXPECT_STREQ(playerShip.shipName, "Lucky Star");
-  EXPECT_EQ(std::tuple(gameState.posX, gameState.posY, gameState.sysX, gameState.sysY, gameState.currentPlanet),
-            std::tuple(800, 1300, 7000, 100, 3));
-  EXPECT_STREQ(playerShip.powerPlant.name, "Warm");
-  EXPECT_STREQ(playerShip.hardPoints[1].weaponName, "Gun");
-  EXPECT_STREQ(playerShip.hardPoints[2].weaponName, "");
-  EXPECT_EQ(std::pair(playerShip.shipHoldFree, playerShip.roverHoldFree), std::pair(196.5f, 50.0f));
-  EXPECT_EQ(std::pair(playerShip.fuel, playerShip.shield.shieldCurrent), std::pair(999, 220));
-}
+TEST_F(SavedGameTest, LinesAreCountedPastCommentsThroughBothHoldsAndShortFilesStopWhereTheyEnd) {
+  read(
+      "# a saved game\n# for the tests\nTwin\nLucky Star\n10\n# the second axis\n20\n140\n2\n3\n0\n"
+      "Quick\nStrong\nWarm\n# the two weapons\nLaser\nGun\n1, 2.5\n# the rover's hold\n"
+      "0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0\nignored after the rover's hold\n",
+      2);
+  EXPECT_EQ(
+      std::tuple(std::string(playerShip.shipName), gameState.currentPlanet, std::string(playerShip.powerPlant.name),
+                 std::string(playerShip.hardPoints[1].weaponName), playerShip.hardPoints[2].weaponName[0]),
+      std::tuple("Lucky Star", 3, "Warm", "Gun", '\0'));
+  EXPECT_EQ(
+      std::tuple(playerShip.shipHoldFree, playerShip.roverHoldFree, playerShip.fuel, playerShip.shield.shieldCurrent),
+      std::tuple(96.5f, 50.0f, 999, 220));
 
-TEST_F(SavedGameTest, MissingOrShortFilesStopWhereTheyEnd) {
   gameState.posX = 1234;
   EXPECT_FALSE(loadGame("NoSuch.sav"));
   EXPECT_EQ(gameState.posX, 1234);
-  playerShip.roverHoldFree = 7.0f;
-  ASSERT_TRUE(loadBare("1\n1\n1\n1\n0\n0", "1 1\n"));
+  playerShip = Ship{};
+  readCells("1\n1\n1\n1\n0\n0", "1 1\n");
   // The rover's hold as the ship file left it; the fuel is set only after the rover's hold line.
   EXPECT_EQ(std::tuple(playerShip.shipHoldFree, playerShip.roverHoldFree, playerShip.fuel),
             std::tuple(98.0f, 50.0f, 0));
@@ -68,80 +59,66 @@ TEST_F(SavedGameTest, MissingOrShortFilesStopWhereTheyEnd) {
 TEST_F(SavedGameTest, ValuesOutsideTheirRangesFallBackWithALogLine) {
   // System cells one past an edge stay there, unlogged, so the first System frame leaves by that edge.
   const struct {
-    const char* cells;
+    const char *cells, *logged;  // "": nothing is far outside
     int mode, sysX, sysY;
-    std::vector<const char*> logged;  // none: nothing is far outside
-  } cases[] = {{"1\n1\n1\n1\n0\n7", Space, 50, 50, {"mode 7 is not 0 to 3"}},
-               {"1\n1\n1\n1\n12\n2", Space, 50, 50, {"planet slot 12 is not 0 to 9"}},
-               {"1\n1\n1\n1\n-1\n1", Space, 50, 50, {"planet slot -1 is not 0 to 9"}},
-               {"-4\n99999999999\n400\n-2\n0\n0",
-                Space,
-                281 * 50,
-                -50,
-                {"star-map x cell -4 is off the map", "system x cell 400 is far outside the system; using 281",
-                 "system y cell -2 is far outside the system; using -1"}},
-               {"100\n100\n281\n122\n0\n1", System, 281 * 50, 122 * 50, {}},
-               {"100\n100\n-1\n-1\n0\n1", System, -50, -50, {}},
-               {"100\n100\n280\n246\n0\n1", System, 280 * 50, 246 * 50, {}}};
+  } cases[] = {{"1\n1\n1\n1\n0\n7", "mode 7 is not 0 to 3", Space, 50, 50},
+               {"1\n1\n1\n1\n12\n2", "planet slot 12 is not 0 to 9", Space, 50, 50},
+               {"1\n1\n1\n1\n-1\n1", "planet slot -1 is not 0 to 9", Space, 50, 50},
+               {"100\n100\n281\n246\n0\n1", "", System, 281 * 50, 246 * 50},
+               {"100\n100\n-1\n-1\n0\n1", "", System, -50, -50}};
   for (const auto& c : cases) {
     LogWatch log;
-    ASSERT_TRUE(loadBare(c.cells, "0\n0\n"));
+    readCells(c.cells, "0\n0\n");
     EXPECT_EQ(std::tuple(gameState.mode, gameState.currentPlanet, gameState.sysX, gameState.sysY),
               std::tuple(c.mode, 0, c.sysX, c.sysY))
         << c.cells;
-    for (const char* line : c.logged) EXPECT_TRUE(log.saw(line)) << line;
-    EXPECT_TRUE(!c.logged.empty() || !log.saw("far outside")) << c.cells;
+    EXPECT_TRUE(*c.logged ? log.saw(c.logged) : !log.saw("far outside")) << c.cells;
   }
-  loadBare("-4\n99999999999\n400\n-2\n0\n0", "0\n0\n");  // star-map cells are pulled onto the grid
-  EXPECT_EQ(std::pair(gameState.posX, gameState.posY), std::pair(300, 499 * 50 + 300));
+  LogWatch log;
+  readCells("-4\n99999999999\n400\n-2\n0\n0", "0\n0\n");
+  EXPECT_EQ(std::tuple(gameState.posX, gameState.posY, gameState.sysX, gameState.sysY),
+            std::tuple(300, 499 * 50 + 300, 281 * 50, -50));
+  for (const char* line :
+       {"star-map x cell -4 is off the map", "system x cell 400 is far outside the system; using 281",
+        "system y cell -2 is far outside the system; using -1"})
+    EXPECT_TRUE(log.saw(line)) << line;
 
   const std::string longText(200, 'n');
-  ASSERT_TRUE(load("Bare\n" + longText + "\n1\n1\n1\n1\n0\n0\n" + longText + "\nS\nP\n0\n0\n"));
-  EXPECT_EQ(std::string(playerShip.shipName), std::string(99, 'n'));
-  EXPECT_EQ(std::string(playerShip.engine.name), std::string(99, 'n'));
+  read("Bare\n" + longText + "\n1\n1\n1\n1\n0\n0\n" + longText + "\nS\nP\n0\n0\n");
+  EXPECT_EQ(std::string(playerShip.shipName) + playerShip.engine.name, std::string(198, 'n'));
 }
 
-// Bare has two holds: 100 CU. The ship's hold is line 12 of the file, the rover's line 13.
+// The ship's hold is line 12 of the file, the rover's line 13.
 TEST_F(SavedGameTest, HoldAmountsThatAreNotFiniteOrDoNotFitAreLoggedAndLeftEmpty) {
+  using Slots = std::array<float, 3>;
   const struct {
-    const char *holds, *ship, *rover;  // the amounts up to the last one not 0
+    const char* holds;
+    Slots ship, rover;
     float shipFree, roverFree;
     const char* logged;
   } cases[] = {
-      {"nan 5\n0\n", "0 5", "", 95, 50,
-       "Test.sav line 12: ship's hold amount nan is not 0 to 100.00 CU; slot 1 left empty"},
-      {"1 inf\n0\n", "1", "", 99, 50,
-       "Test.sav line 12: ship's hold amount inf is not 0 to 99.00 CU; slot 2 left empty"},
-      {"-0.5, 2\n0\n", "0 2", "", 98, 50, "Test.sav line 12: ship's hold amount -0.5 is not 0 to 100.00 CU; slot 1"},
-      {"60 50 40\n0\n", "60 0 40", "", 0, 50, "Test.sav line 12: ship's hold amount 50 is not 0 to 40.00 CU; slot 2"},
-      {"100\n-inf 50 1\n", "100", "0 50", 0, 0, "Test.sav line 13: rover's hold amount 1 is not 0 to 0.00 CU; slot 3"},
-      {"0\n49.5 0.25 0.25\n", "", "49.5 0.25 0.25", 100, 0, nullptr},
-      {"-0 3\n-0 1\n", "0 3", "0 1", 97, 49, nullptr},  // a negative zero reads as 0
-  };
-  const auto amounts = [](const auto& hold) {
-    std::string out;
-    std::size_t n = hold.size();
-    while (n > 0 && hold[n - 1] == 0.0f) --n;
-    for (std::size_t i = 0; i < n; ++i) {
-      char amount[32];
-      std::snprintf(amount, sizeof amount, "%s%g", i ? " " : "", hold[i]);
-      out += amount;
-    }
-    return out;
-  };
+      {"nan 5\n0\n", {0, 5, 0}, {}, 95, 50, "line 12: ship's hold amount nan is not 0 to 100.00 CU; slot 1"},
+      {"1 inf\n0\n", {1, 0, 0}, {}, 99, 50, "line 12: ship's hold amount inf is not 0 to 99.00 CU; slot 2"},
+      {"-0.5, 2\n0\n", {0, 2, 0}, {}, 98, 50, "line 12: ship's hold amount -0.5 is not 0 to 100.00 CU; slot 1"},
+      {"60 50 40\n0\n", {60, 0, 40}, {}, 0, 50, "line 12: ship's hold amount 50 is not 0 to 40.00 CU; slot 2"},
+      {"100\n-inf 50 1\n", {100, 0, 0}, {0, 50, 0}, 0, 0, "line 13: rover's hold amount 1 is not 0 to 0.00 CU; slot 3"},
+      {"0\n49.5 0.25 0.25\n", {}, {49.5f, 0.25f, 0.25f}, 100, 0, nullptr},
+      {"-0 3\n-0 1\n", {0, 3, 0}, {0, 1, 0}, 97, 49, nullptr}};  // a negative zero reads as 0
   for (const auto& c : cases) {
     LogWatch log;
     playerShip = Ship{};
-    ASSERT_TRUE(loadBare("1\n1\n1\n1\n0\n0", c.holds));
-    EXPECT_EQ(std::tuple(amounts(playerShip.shipHold), amounts(playerShip.roverHold), playerShip.shipHoldFree,
+    readCells("1\n1\n1\n1\n0\n0", c.holds);
+    const auto first = [](const auto& hold) { return Slots{hold[0], hold[1], hold[2]}; };
+    EXPECT_EQ(std::tuple(first(playerShip.shipHold), first(playerShip.roverHold), playerShip.shipHoldFree,
                          playerShip.roverHoldFree),
-              std::tuple(std::string(c.ship), std::string(c.rover), c.shipFree, c.roverFree))
+              std::tuple(c.ship, c.rover, c.shipFree, c.roverFree))
         << c.holds;
+    EXPECT_FALSE(std::signbit(playerShip.shipHold[0])) << c.holds;
     EXPECT_TRUE(c.logged ? log.saw(c.logged) : !log.saw("hold amount")) << c.holds;
   }
 }
 
-TEST_F(SavedGameTest, RestoringASystemThatIsNotThereFallsBackToSpace) {
+TEST_F(SavedGameTest, RestoringAPlaceThatIsNotThereFallsBackToSpaceAndAnOrbitPreparesThePlanet) {
   ASSERT_EQ(starMap[3][4].object, nullptr);
   for (const auto& [mode, sectorX] : {std::pair(System, 3), std::pair(Orbit, 3), std::pair(Surface, 995)}) {
     LogWatch log;
@@ -150,9 +127,6 @@ TEST_F(SavedGameTest, RestoringASystemThatIsNotThereFallsBackToSpace) {
     EXPECT_EQ(gameState.mode, Space) << mode;
     EXPECT_TRUE(log.saw("Load file ask for a solar system that doesn't exist")) << mode;
   }
-}
-
-TEST_F(SavedGameTest, RestoringAnOrbitPreparesThePlanetOrTellsThePlayerItIsNotThere) {
   PlacedObjects objects;
   StellarObject* star = objects.place(7, 8);
   star->Planets[2] = new Planet;
@@ -164,9 +138,6 @@ TEST_F(SavedGameTest, RestoringAnOrbitPreparesThePlanetOrTellsThePlayerItIsNotTh
     restoreSavedMode();
     EXPECT_EQ(std::tuple(gameState.mode, gameState.currentObject, gameState.heading, gameState.scansTaken),
               std::tuple(slot == 2 ? Orbit : Space, star, 0, 0));
-    if (slot == 4) {
-      EXPECT_STREQ(lastMessage(), "Load file ask for planet that doesn't exist");
-    }
+    if (slot == 4) EXPECT_STREQ(lastMessage(), "Load file ask for planet that doesn't exist");
   }
-  EXPECT_STREQ(gameState.analysisLines[3], scansFirstText);
 }
