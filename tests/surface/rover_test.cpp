@@ -110,11 +110,12 @@ TEST_F(RoverTest, QuickViewDrawsWhatTheWholeListWalkDrawsWithTheRoverOnItsTile) 
   const SDL_PixelFormat* f = surfaceWorkSurface->format;
   const SurfacePtr work(SDL_CreateRGBSurface(SDL_SWSURFACE, 300, 210, 32, f->Rmask, f->Gmask, f->Bmask, f->Amask));
   const SurfacePtr want = blankSurface(800, 600);
-  for (auto [at, heading] :
-       {std::pair{SurfacePoint{1803, 907}, 0}, {{7, 1789}, 36}, {{3589, 3}, 71}, {{34, 1764}, 9}}) {
+  // Headings a whole turn or two off show the same picture.
+  for (auto [at, heading, turns] :
+       {std::tuple{SurfacePoint{1803, 907}, 0, 0}, {{7, 1789}, 36, 1}, {{3589, 3}, 71, -1}, {{34, 1764}, 9, -2}}) {
     roverPosition = at;
     playerShip.roverHoldFree = 0.0f;  // nothing collected: both draw the same list
-    view(deposits, heading);
+    view(deposits, heading + 72 * turns);
     literalView(work.get(), want.get(), deposits, at.x, at.y, heading);
     int differing = 0;
     for (int i = 0; i < 280 * 190; ++i)

@@ -1,3 +1,5 @@
+#include <SDL_gfxPrimitives.h>
+
 #include "support/test_support.h"
 
 namespace {
@@ -43,6 +45,18 @@ TEST_F(NavigationTest, MouseAndArrowsMoveTheTargetOnlyWithinTheChart) {
   EXPECT_EQ(target(), std::pair(0, 0));
 }
 
+// The ship's ring round (210, 409), one pixel up and left of its cell; the target's open
+// crosshair of three-pixel arms round (211, 111), the arm below under the line from the ship.
+TEST_F(NavigationTest, ShipRingAndTargetCrosshairSitOnTheirCells) {
+  targetCell = ChartCell{100, 100};            // an empty cell straight above the ship
+  for (int i = 0; i < 8; ++i) draw(100, 100);  // the marks pulse up from dark
+  const auto at = [](int x, int y) { return pixelRGB(screen, wx + x, wy + y); };
+  EXPECT_NE(at(208, 409), 0u);
+  for (int d = 1; d <= 4; ++d) EXPECT_EQ(at(210 - d, 409), at(210 + d, 409)) << d;
+  for (int d = 1; d <= 3; ++d) EXPECT_TRUE(at(211 - d, 111) && at(211 + d, 111) && at(211, 111 - d)) << d;
+  EXPECT_FALSE(at(207, 111) || at(215, 111) || at(211, 107));
+}
+
 TEST_F(NavigationTest, MarkersPulseUpAndDownByThirty) {
   std::vector<int> seen;
   for (int frame = 0; frame < 10; ++frame) seen.push_back(blinkAlpha), draw(450, 450);
@@ -71,10 +85,12 @@ TEST_F(NavigationTest, ReadoutsLabelsAndGridInTheirFontsAndPlaces) {
   for (auto [x, y, text] : values) EXPECT_TRUE(shows(x, y, 6, text)) << text;
   for (auto [x, y, text] : {std::tuple{90, 5, "500"}, {90, 55, "450"}, {150, 510, " 50"}, {600, 510, "500"}})
     EXPECT_TRUE(shows(x, y, 0, text)) << text;
+  SurfacePtr faint = blankSurface(4, 4);  // white at alpha 64 over black, as SDL_gfx blends it
+  vlineRGBA(faint.get(), 1, 0, 3, 255, 255, 255, 64);
   for (int i = 0; i < 10; i += 5) {
-    const int line = 10 + 50 * i;  // between the crossings: white at alpha 64 over black
-    EXPECT_NEAR(int(pixelRGB(screen, wx + 135, wy + line) & 0xFF), 64, 2) << line;
-    EXPECT_NEAR(int(pixelRGB(screen, wx + 110 + 50 * i, wy + 35) & 0xFF), 64, 2) << line;
+    const int line = 10 + 50 * i;  // between the crossings
+    EXPECT_EQ(pixelRGB(screen, wx + 135, wy + line), pixelRGB(faint.get(), 1, 1)) << line;
+    EXPECT_EQ(pixelRGB(screen, wx + 110 + 50 * i, wy + 35), pixelRGB(faint.get(), 1, 1)) << line;
     EXPECT_EQ(pixelRGB(screen, wx + 135, wy + line + 1) | pixelRGB(screen, wx + 111 + 50 * i, wy + 35), 0u) << line;
   }
   // Objects are pixels of their class's colour; the scanned one takes the square cursor.
