@@ -17,6 +17,7 @@ TEST(Startup, BadOptionsScriptsVideoFontOrSavedGameEndWithAClearMessage) {
       {"--frames 5", "SDL_VIDEODRIVER=no-such-driver", 1, {"Couldn't initialize SDL: "}},
       {"--data " + empty.dir() + " --frames 1", "", 1, {"ATX_A.ttf", "scripts/install-deps"}},
       {"--data " + fontOnly.dir() + " --frames 1", "", 1, {"NewGame.sav", "No such file"}},
+      {"--data " + tmp.path("gone"), "", 2, {"can't use the data directory " + tmp.path("gone")}},
   };
   for (const auto& c : cases) {
     const RunResult r = runGame(c.arguments, c.environment);

@@ -47,6 +47,11 @@ TEST_F(CommandWindowTest, ClicksSelectOnlyRowsTheMenuHasAndThePointedItemIsBrigh
   setCurrentMenu(12);
   setCurrentMenu(-1);
   EXPECT_EQ(getCurrentMenu(), 10) << "menus that do not exist are refused";
+  showMenu(EngineeringMenu);  // Configuration opens and closes its window; Bridge leaves it be
+  clickRow(ConfigurationItem);
+  EXPECT_EQ(gameState.configOpen, 1);
+  clickRow(EngineeringBridgeItem);
+  EXPECT_EQ(std::pair(getCurrentMenu(), gameState.configOpen), std::pair(0, 1));
 
   // The item under the pointer is bright, the others grey, and the text font is left current.
   showMenu(0);

@@ -161,6 +161,16 @@ TEST_F(FrameLoopTest, ArrowsScrollAnOpenHistoryWindowElseSpeedUpToTheTopAndTurns
   EXPECT_EQ(gameState.heading, 0);
 }
 
+// The chart over the game reckons fuel from the engine's top speed: class 6 flies 12 a frame.
+TEST_F(FrameLoopTest, TheChartOverTheGameReckonsFuelFromTheEnginesTopSpeed) {
+  initNavigationWindow(&fontTable);
+  gameState.navigationOpen = 1, gameState.sectorX = gameState.sectorY = 100;
+  playerShip.engine.engineClass = 6;
+  targetCell = ChartCell{103, 395};  // 5 cells away
+  drawOverlayWindow();
+  EXPECT_TRUE(showsText(screen, 95, 195 + fontTable.heights[2], fontTable.fonts[6], "1.04 CU", 1000, true));
+}
+
 TEST_F(FrameLoopTest, TheMapsEdgesHoldTheShipOnIt) {
   gameState = {.posX = 310, .posY = 305, .velX = 20.0, .velY = -20.0};
   runSpaceFrame();
