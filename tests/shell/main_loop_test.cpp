@@ -175,6 +175,9 @@ TEST_F(FrameLoopTest, TheMapsEdgesHoldTheShipOnIt) {
   gameState = {.posX = 310, .posY = 305, .velX = 20.0, .velY = -20.0};
   runSpaceFrame();
   EXPECT_EQ(std::tuple(gameState.posX, gameState.posY, gameState.velX, gameState.velY), std::tuple(300, 300, 0., 0.));
+  gameState = {.posX = 320, .posY = 280, .velX = 20.0, .velY = 20.0};  // reaching the edge is not passing it
+  runSpaceFrame();
+  EXPECT_EQ(std::tuple(gameState.posX, gameState.posY, gameState.velX, gameState.velY), std::tuple(300, 300, 20., 20.));
 
   // Past the last cell the ship is pulled back without the map being read off its end.
   PlacedObjects objects;
