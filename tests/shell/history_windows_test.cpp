@@ -88,8 +88,10 @@ TEST_F(HistoryWindowsTest, ExpandedMessagesStartAtTheScrolledLine) {
   for (int letters : {20, 1, 2}) showMessage(std::string(letters, 'W').c_str());
   expandMessages();
   historyScroll = 2;
+  SDL_FillRect(screen, nullptr, 0xFFFFFF);  // the window covers 75 to 724 and leaves the rest
   drawMessageWindow();
-  EXPECT_EQ(std::pair(pixelRGB(screen, 75, 300), lineEnd(1)), std::pair(0xFFFF00u, -1));
+  EXPECT_EQ(std::tuple(pixelRGB(screen, 75, 300), pixelRGB(screen, 725, 300), lineEnd(1)),
+            std::tuple(0xFFFF00u, 0xFFFFFFu, -1));
   EXPECT_NEAR(lineEnd(0), endOf(20), 3);
 
   historyScroll = 0;  // a message while expanded redraws the large window, not the strip
