@@ -28,12 +28,6 @@ std::string summary(const Ship& s) {
   return out + "|" + s.description + holds;
 }
 
-// The lowest and the highest channel of a pixel.
-std::pair<Uint32, Uint32> channels(SDL_Surface* s, int x, int y) {
-  const Uint32 c = pixelRGB(s, x, y);
-  return std::minmax({c >> 16, (c >> 8) & 0xFF, c & 0xFF});
-}
-
 // Fits the named parts and reads their files: "class description" of engine, shield and plant.
 std::string fit(Ship& ship, const char* engine, const char* shield, const char* plant) {
   std::strcpy(ship.engine.name, engine);
@@ -95,20 +89,22 @@ TEST_F(ShipFileTest, FieldsGoByLineWithCommentsSkippedOddLinesLoggedAndTheStateC
   }
   EXPECT_TRUE(log.saw("engine markers") && log.saw("hardpoint markers") && log.saw("class longer than 99") &&
               log.saw("14 hardpoints") && log.saw("-4 cargo holds is below 0"));
-  ship.engine.engineClass = ship.shield.shieldCurrent = ship.armorCurrent = ship.hullCurrent = ship.fuel = 7;
+  // Reading again clears what play changed, and every mount, those beyond the count too.
+  ship.engine.engineClass = ship.powerPlant.powerPlantClass = ship.shield.shieldClass = ship.shield.shieldMax = 7;
+  ship.shield.shieldCurrent = ship.armorClass = ship.armorMax = ship.armorCurrent = ship.hullCurrent = ship.fuel = 7;
   ship.shieldsOnline = ship.weaponsOnline = ship.roverFuel = 1;
   ship.shipHold.fill(2.0f);
   ship.roverHold.fill(2.0f);
   ship.hardPoints[4].markers = {{1, 1}};
   ship.hardPoints[4].weapon.description = "old";
   ASSERT_TRUE(read("A\nB\n1\n25\n1\n\n\n\n3,3\nD\n"));
-  EXPECT_EQ(ship.engine.engineClass + ship.shield.shieldCurrent + ship.armorCurrent + ship.hullCurrent + ship.fuel +
-                ship.shieldsOnline + ship.weaponsOnline + ship.roverFuel,
-            0);
-  EXPECT_EQ(ship.roverHoldFree, 50.0f);
-  for (int m = 0; m < 22; ++m) EXPECT_EQ(ship.shipHold[m] + ship.roverHold[m], 0.0f) << m;
-  // Every mount is cleared, those beyond the count too.
-  EXPECT_TRUE(ship.hardPoints[4].markers.empty() && ship.hardPoints[4].weapon.description.empty());
+  const Ship& s = ship;
+  EXPECT_EQ(std::tuple(s.engine.engineClass, s.powerPlant.powerPlantClass, s.shield.shieldClass, s.shield.shieldMax,
+                       s.shield.shieldCurrent, s.armorClass, s.armorMax, s.armorCurrent, s.hullCurrent, s.fuel,
+                       s.shieldsOnline, s.weaponsOnline, s.roverFuel, s.roverHoldFree),
+            std::tuple(0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0.0f, 50.0f));
+  EXPECT_TRUE(s.shipHold == CargoHold{} && s.roverHold == CargoHold{} && s.hardPoints[4].markers.empty() &&
+              s.hardPoints[4].weapon.description.empty());
   ASSERT_TRUE(read("Stub\nHalf written\n55\n"));  // a short file keeps the fields it does not reach
   EXPECT_EQ(summary(ship), "Stub|Half written|55|25|1||||0:3,3;|D|999.99/1250.00");
 }
@@ -146,6 +142,8 @@ TEST_F(ShipFileTest, MissingFilesChangeNothingAndImagesAreCachedAtEveryFiveDegre
   for (SDL_Surface*& image : images) SDL_FreeSurface(image);
 }
 
+// Weapons are read for each hardpoint in use; an energy output past the int range is held at its end and reported
+// with its file and line.
 TEST_F(ShipFileTest, PartsAreReadPastCommentsForEachHardpointInUseAndShortFilesKeepTheRest) {
   dir.write("Engines/Fast.txt", "# an engine\n# for the tests\n12\nGoes like the wind.\nignored\n");
   dir.write("Shields/Thick.txt", "7\n# comment between\nStops most things.\n");
@@ -161,22 +159,28 @@ TEST_F(ShipFileTest, PartsAreReadPastCommentsForEachHardpointInUseAndShortFilesK
   EXPECT_TRUE(log.saw("Couldn't open .\\Shields\\Nowhere.txt"));
   EXPECT_EQ(fit(ship, "Blank", "Nowhere", "Hot"), "9 Goes like the wind.|7 Stops most things.|-3 Runs backwards.");
   dir.write("Weapons/Laser.txt", "# type, output, description\nPulse Laser\n35\nZaps.\n");
-  dir.write("Weapons/Gun.txt", "Mass Driver\n# between\n55\nThumps.\nmore\n");
-  dir.write("Weapons/Long.txt", std::string(300, 'w') + "\n1\nx\n");
+  dir.write("Weapons/Gun.txt", "Mass Driver\n# between\n99999999999\nThumps.\nmore\n");
+  dir.write("Weapons/Long.txt", std::string(300, 'w') + "\n-2147483649\nx\n");
   const char* names[] = {"Laser", "", "Gun", "Long", "Laser"};
   for (int i = 0; i < 5; ++i) std::strcpy(ship.hardPoints[i].weaponName, names[i]);
   loadWeapons(ship);  // no hardpoints, no weapon files
   EXPECT_FALSE(log.saw("Weapons"));
   ship.hardPointCount = 4;  // the last Laser is beyond the count
+  collectDataProblems(true);
   loadWeapons(ship);
-  std::string weapons;
+  std::string weapons, reported;
   for (const HardPoint& h : ship.hardPoints) {
     weapons += std::string(h.weapon.weaponType, 0, 12) + " " + std::to_string(h.weapon.energyOutput) + " " +
                h.weapon.description + "|";
   }
-  EXPECT_EQ(weapons, "Pulse Laser 35 Zaps.| 0 |Mass Driver 55 Thumps.|wwwwwwwwwwww 1 x| 0 | 0 | 0 | 0 | 0 | 0 |");
+  for (const DataProblem& p : collectedDataProblems()) reported += p.file + ":" + std::to_string(p.line) + " ";
+  collectDataProblems(false);
+  EXPECT_EQ(
+      weapons,
+      "Pulse Laser 35 Zaps.| 0 |Mass Driver 2147483647 Thumps.|wwwwwwwwwwww -2147483648 x| 0 | 0 | 0 | 0 | 0 | 0 |");
+  EXPECT_EQ(reported, "Weapons/Gun.txt:3 Weapons/Long.txt:1 Weapons/Long.txt:2 ");
   EXPECT_EQ(std::strlen(ship.hardPoints[3].weapon.weaponType), 99u);
-  EXPECT_TRUE(log.saw("Hardpoint 2 has no weapon") && log.saw("weapon type cut"));
+  EXPECT_TRUE(log.saw("Hardpoint 2 has no weapon"));
 }
 
 TEST_F(ShipFileTest, ShieldsChargeUpToTheMaximumAndDrainToZeroWithoutOverflow) {
@@ -193,26 +197,23 @@ TEST_F(ShipFileTest, ShieldsChargeUpToTheMaximumAndDrainToZeroWithoutOverflow) {
   }
 }
 
-// The pictures drawn at build time for the game's own ship.
-TEST(ShipImagesGame, BlueprintPartsSitUnderTheirMarkersAndSpritesAndArrowsLookRight) {
+// The pictures drawn at build time for the game's own ship: on the dark blue paper every part is bright on its
+// marker, a turret's twin barrels a little ahead of it; sprites on black, which the colour key makes transparent.
+TEST(ShipImagesGame, BlueprintPartsSitUnderTheirMarkersAndSpritesLookRight) {
   ensureScreen();
   Ship ship;
-  ASSERT_TRUE(readShipFile(ship, "Ships/Surveyor.txt") && !ship.engineMarkers.empty() &&
-              !ship.hardPoints[0].markers.empty());
-  SurfacePtr b(SDL_LoadBMP(("Ships/" + std::string(ship.shipClass) + "_large.bmp").c_str()));
+  ASSERT_TRUE(readShipFile(ship, "Ships/Surveyor.txt") && !ship.engineMarkers.empty() && ship.hardPointCount > 0);
+  SurfacePtr b(SDL_LoadBMP("Ships/Surveyor_large.bmp"));
   ASSERT_TRUE(b && b->w <= 530 && b->h <= 530);
-  // On the dark blue paper every part is bright on its marker, a turret's twin barrels a little ahead of it.
   auto bright = [&](int x, int y) {
-    return x >= 0 && y >= 0 && x < b->w && y < b->h ? channels(b.get(), x, y).second : 0;
+    const Uint32 c = x >= 0 && y >= 0 && x < b->w && y < b->h ? pixelRGB(b.get(), x, y) : 0;
+    return std::max({c >> 16, (c >> 8) & 0xFF, c & 0xFF});
   };
-  for (const MarkerList* list : {&ship.engineMarkers, &ship.shieldMarkers, &ship.powerPlantMarkers}) {
+  for (const MarkerList* list : {&ship.engineMarkers, &ship.shieldMarkers, &ship.powerPlantMarkers})
     for (const MarkerPoint& m : *list) EXPECT_GE(bright(m.x, m.y), 150u) << m.x << "," << m.y;
-  }
-  for (int i = 0; i < ship.hardPointCount; ++i) {
+  for (int i = 0; i < ship.hardPointCount; ++i)
     for (const MarkerPoint& m : ship.hardPoints[i].markers) EXPECT_GE(bright(m.x - 2, m.y - 12), 200u) << i;
-  }
   EXPECT_LT(bright(30, 480), 150u);  // away from the ship, the paper
-  // Sprites are drawn on black, which the colour key makes transparent.
   // The rover is 20 x 26: the game turns it about the pixel (10, 13).
   for (auto [path, minSize, maxSize, taller] :
        {std::tuple{"Ships/Surveyor.bmp", 30, 48, 0}, {"Ships/Rover.bmp", 20, 20, 6}}) {
@@ -220,22 +221,4 @@ TEST(ShipImagesGame, BlueprintPartsSitUnderTheirMarkersAndSpritesAndArrowsLookRi
     ASSERT_TRUE(image && image->h == image->w + taller && image->w >= minSize && image->w <= maxSize) << path;
     EXPECT_TRUE(pixelRGB(image.get(), 0, 0) == 0 && pixelRGB(image.get(), image->w / 2, image->h / 2) != 0) << path;
   }
-}
-
-// An energy output past the int range is held at its end and reported with its file and line.
-TEST_F(ShipFileTest, EnergyOutputsPastTheIntRangeAreClampedAndReported) {
-  const char* outputs[] = {"99999999999", "-2147483649", "2147483647", "-7"};
-  const int read[] = {INT_MAX, INT_MIN, INT_MAX, -7};
-  ship.hardPointCount = 4;
-  for (int i = 0; i < 4; ++i) {
-    std::snprintf(ship.hardPoints[i].weaponName, sizeof ship.hardPoints[i].weaponName, "W%d", i);
-    dir.write("Weapons/W" + std::to_string(i) + ".txt", std::string("Beam\n# output\n") + outputs[i] + "\nHot.\n");
-  }
-  collectDataProblems(true);
-  loadWeapons(ship);
-  std::vector<std::string> reported;
-  for (const DataProblem& p : collectedDataProblems()) reported.push_back(p.file + ":" + std::to_string(p.line));
-  collectDataProblems(false);
-  for (int i = 0; i < 4; ++i) EXPECT_EQ(ship.hardPoints[i].weapon.energyOutput, read[i]) << outputs[i];
-  EXPECT_EQ(reported, (std::vector<std::string>{"Weapons/W0.txt:3", "Weapons/W1.txt:3"}));
 }
