@@ -3,30 +3,20 @@
 
 #include <climits>
 
-#include "ship/cargo.h"
 #include "support/test_support.h"
 
 namespace {
-
-// Marker points on the large image; on screen they lie 10 right and 50 down.
-constexpr MarkerPoint engineAt{215, 470};     // screen (225, 520)
-constexpr MarkerPoint hardPointAt{225, 470};  // screen (235, 520), in reach of the engine's too
 
 class ShipConfigTest : public GameTest {
  protected:
   void SetUp() override {
     GameTest::SetUp();
-    std::strcpy(ship.shipClass, "NoSuchShip");
-    std::strcpy(ship.shipType, "Test Hull");
-    ship.description = "A plain hull.";
+    // Markers lie 10 right and 50 down on screen: the engine at (225, 520), hardpoint 1 in its reach at (235, 520).
+    TempDir dir;
+    ASSERT_TRUE(readShipFile(ship, dir.write("Ship.txt",
+                                             "NoSuchShip\nTest Hull\n1\n1\n3\n215,470\n100,100\n100,300\n"
+                                             "225,470\n400,400\n300,200\nA plain hull.\n")));
     ship.engine.description = ship.shield.description = ship.powerPlant.description = "Stock part.";
-    ship.engineMarkers = {engineAt};
-    ship.shieldMarkers = {{100, 100}};
-    ship.powerPlantMarkers = {{100, 300}};
-    ship.hardPointCount = 3;
-    ship.hardPoints[0].markers = {hardPointAt};
-    ship.hardPoints[1].markers = {{400, 400}};
-    ship.hardPoints[2].markers = {{300, 200}};
     std::strcpy(ship.hardPoints[2].weaponName, "PulseLaser");
     ship.hardPoints[2].weapon.description = "Pew.";
     ship.hardPoints[2].weapon.energyOutput = 35;
@@ -42,22 +32,36 @@ class ShipConfigTest : public GameTest {
 TEST(ShipConfigMarkers, ReachIsATruncatedDistanceBelowEleven) {
   shipConfig.imageX = 10;
   shipConfig.imageY = 50;
-  // sqrt(113) = 10.6 counts as 10; sqrt(128) = 11.3 as 11.
+  // Offsets from a marker at (225, 520) on screen: sqrt(113) = 10.6 counts as 10; sqrt(128) = 11.3 as 11.
   const int cases[][3] = {{0, 0, 1}, {10, 0, 1}, {11, 0, 0},  {-10, 0, 1}, {0, -11, 0},
                           {7, 8, 1}, {8, 8, 0},  {-7, -8, 1}, {8, -7, 1},  {6, 9, 1}};
   for (const auto& c : cases)
-    EXPECT_EQ(markersHit({engineAt}, 225 + c[0], 520 + c[1]), c[2] == 1) << c[0] << "," << c[1];
+    EXPECT_EQ(markersHit({{215, 470}}, 225 + c[0], 520 + c[1]), c[2] == 1) << c[0] << "," << c[1];
   EXPECT_FALSE(markersHit(MarkerList{}, 10, 50));
-  EXPECT_TRUE(markersHit(MarkerList{{0, 0}, engineAt}, 225, 520));  // a later point counts too
-  // Near the int limits 32-bit sums would wrap a distance of about 2^32 to 0.
-  const int far = INT_MAX, low = INT_MIN;
-  EXPECT_FALSE(markersHit(MarkerList{{far - 5, 0}}, low + 4, 50));
-  EXPECT_TRUE(markersHit(MarkerList{{far - 10, far - 50}}, far, far));
-  EXPECT_FALSE(markersHit(MarkerList{{low, low}, {far, low}}, 799, 599));
+  EXPECT_TRUE(markersHit(MarkerList{{0, 0}, {215, 470}}, 225, 520));  // a later point counts too
+  // About 2^32 apart: 32-bit sums would wrap the distance to 0.
+  EXPECT_FALSE(markersHit(MarkerList{{INT_MAX - 5, 0}}, INT_MIN + 4, 50));
+  EXPECT_TRUE(markersHit(MarkerList{{INT_MAX - 10, INT_MAX - 50}}, INT_MAX, INT_MAX));
 }
 
-// The window stays open until a release on " X " has been drawn; that release selects the ship.
-TEST_F(ShipConfigTest, ReleaseSelectsTheFirstComponentHitElseTheShip) {
+// The selected ring filled and led to the panel, the others plain; the window's title in its own font whatever
+// font was current before. The window stays open until a release on " X " has been drawn; that release selects the
+// ship, others the first component hit.
+TEST_F(ShipConfigTest, SelectedMarkerIsLedToThePanelAndAReleaseSelectsTheFirstComponentHit) {
+  shipConfig.selectedComponent = EngineSelected;
+  setCurrentFont(fontTable.fonts[0]);
+  drawShipConfig(screen);
+  // Blue at alpha 144 over black, the leader's end dot covering only the centre.
+  const Uint32 fill = pixelRGB(screen, 225 + 6, 520 + 6);
+  EXPECT_TRUE(fill >> 16 == 0 && (fill & 0xFF) > 0x70) << fill;
+  // The leader's dot left of hardpoint 0's squares; the line to (525, 60), then on to the panel at 550.
+  for (auto [x, y] : {std::pair{224, 520}, {375, 290}, {450, 175}, {526, 60}, {549, 60}})
+    EXPECT_EQ(pixelRGB(screen, x, y), 0xFF4040u) << x << "," << y;
+  // A hardpoint not selected: squares, not filled, at alpha 144.
+  const Uint32 square = pixelRGB(screen, 410 + 10, 450);
+  EXPECT_TRUE((square & 0xFF) > 0x80 && (square & 0xFF) < 0xFF && pixelRGB(screen, 410, 450) == 0) << square;
+  EXPECT_TRUE(showsText(screen, 10, 10, fontTable.fonts[16], "Ship Configuration"));
+  EXPECT_EQ(currentFont(), fontTable.fonts[2]);
   const int cases[][3] = {{230, 520, EngineSelected},  // both in reach: the engine wins
                           {244, 520, firstHardPoint},     {110, 150, ShieldSelected},
                           {110, 350, PowerPlantSelected}, {410, 450, firstHardPoint + 1},
@@ -112,25 +116,6 @@ TEST_F(ShipConfigTest, PanelTitleNamesTheSelectionAndTheRowsFollow) {
   EXPECT_TRUE(showsText(screen, 550 + textWidth(text, "Energy Output: "), 120, fontTable.fonts[6], "35"));
 }
 
-// The selected ring filled and led to the panel, the others plain; the window's title in its own font whatever
-// font was current before.
-TEST_F(ShipConfigTest, SelectedMarkerIsFilledAndLedToThePanelUnderTheTitle) {
-  shipConfig.selectedComponent = EngineSelected;
-  setCurrentFont(fontTable.fonts[0]);
-  drawShipConfig(screen);
-  // Blue at alpha 144 over black, the leader's end dot covering only the centre.
-  const Uint32 fill = pixelRGB(screen, 225 + 6, 520 + 6);
-  EXPECT_TRUE(fill >> 16 == 0 && (fill & 0xFF) > 0x70) << fill;
-  // The leader's dot left of hardpoint 0's squares; the line to (525, 60), then on to the panel at 550.
-  for (auto [x, y] : {std::pair{224, 520}, {375, 290}, {450, 175}, {526, 60}, {549, 60}})
-    EXPECT_EQ(pixelRGB(screen, x, y), 0xFF4040u) << x << "," << y;
-  // A hardpoint not selected: squares, not filled, at alpha 144.
-  const Uint32 square = pixelRGB(screen, 410 + 10, 450);
-  EXPECT_TRUE((square & 0xFF) > 0x80 && (square & 0xFF) < 0xFF && pixelRGB(screen, 410, 450) == 0) << square;
-  EXPECT_TRUE(showsText(screen, 10, 10, fontTable.fonts[16], "Ship Configuration"));
-  EXPECT_EQ(currentFont(), fontTable.fonts[2]);
-}
-
 TEST_F(ShipConfigTest, WrappingBreaksBeforeTheWordThatWouldPassTheWidth) {
   BitmapFont* text = fontTable.fonts[2];
   setCurrentFont(text);
@@ -154,8 +139,9 @@ TEST_F(ShipConfigTest, WrappingBreaksBeforeTheWordThatWouldPassTheWidth) {
   EXPECT_GT(litPixels(screen, 550, 120 + line, 800, 120 + 2 * line), 0);
 }
 
-// Long text is cut to the working buffer at a word boundary, logged once, not every frame.
-TEST_F(ShipConfigTest, LongDescriptionsAreCutAtAWordBoundaryAndLoggedOnce) {
+// Long text is cut to the working buffer at a word boundary, logged once, not every frame; the large image's path
+// is logged whether it loads or not.
+TEST_F(ShipConfigTest, LongDescriptionsAreCutAndLoggedOnceAndTheLargeImageLogsItsPath) {
   std::string words = "x";
   while (words.size() < 20000) words += "ore ";
   const std::pair<std::string, std::size_t> cases[] = {
@@ -170,14 +156,11 @@ TEST_F(ShipConfigTest, LongDescriptionsAreCutAtAWordBoundaryAndLoggedOnce) {
     EXPECT_EQ(text.compare(0, cut.size(), cut), 0) << "a prefix of the text";
   }
   ship.description = words;
-  LogWatch log;
+  LogWatch cutLog;
   drawShipConfig(screen);
   drawShipConfig(screen);
-  EXPECT_TRUE(log.saw("Description cut to 9999 bytes"));
-  EXPECT_EQ(log.lines().size(), 1u);
-}
-
-TEST_F(ShipConfigTest, LoadingTheLargeImageLogsItsPath) {
+  EXPECT_TRUE(cutLog.saw("Description cut to 9999 bytes"));
+  EXPECT_EQ(cutLog.lines().size(), 1u);
   LogWatch log;
   std::strcpy(ship.shipClass, "Surveyor");
   loadLargeShipImage(&ship);
