@@ -76,10 +76,9 @@ TEST_F(CargoTest, ArrowsSelectWholeCuUpToTheAmountHeldAndJettisonThrowsItAway) {
   EXPECT_EQ((std::vector{ship.shipHold[iron], selected(ShipsHold, iron), ship.roverHold[4], ship.roverHold[iron],
                          ship.roverHoldFree}),
             (std::vector{1.5f, 1.0f, 0.0f, 1.0f, 49.0f}));
-}
-
-TEST_F(CargoTest, AHeldArrowChangesOnTheFirstFrameThenEveryFrameFromTheSeventeenth) {
+  // Held: a change on the first frame, then every frame from the seventeenth.
   ship.shipHold[iron] = 50.0f;
+  selected(ShipsHold, iron) = 0.0f;
   cargoMouseMotion(125, 95);
   cargoMouseDown();
   std::string changedOn;
@@ -94,30 +93,6 @@ TEST_F(CargoTest, AHeldArrowChangesOnTheFirstFrameThenEveryFrameFromTheSeventeen
   drawShipHold(screen);
   drawShipHold(screen);
   EXPECT_EQ(selected(ShipsHold, iron), 6.0f);
-}
-
-TEST_F(CargoTest, MotionMarksTheOneArrowUnderThePointer) {
-  // Pointer x and y, then the arrow column and row marked; -1: none.
-  const int cases[][4] = {{121, 70, ShipUpArrow, 0},
-                          {134, 89, ShipUpArrow, 0},
-                          {136, 509, ShipDownArrow, 21},
-                          {149, 300, ShipDownArrow, 11},
-                          {321, 70, RoverUpArrow, 0},
-                          {349, 130, RoverDownArrow, 3},
-                          {120, 100, -1, 0},
-                          {135, 100, -1, 0},
-                          {150, 100, -1, 0},
-                          {335, 100, -1, 0},
-                          {125, 69, -1, 0},
-                          {125, 510, -1, 0}};
-  for (const auto& c : cases) {
-    cargoMouseMotion(c[0], c[1]);
-    int set = 0;
-    for (const auto& column : cargoWindow.arrowHover)
-      for (int flag : column) set += flag;
-    EXPECT_EQ(set, c[2] < 0 ? 0 : 1) << c[0] << "," << c[1];
-    EXPECT_TRUE(c[2] < 0 || cargoWindow.arrowHover[c[2]][c[3]] == 1) << c[0] << "," << c[1];
-  }
 }
 
 // Amounts and totals in their formats; the close button clears both selections and closes the window.
@@ -153,17 +128,26 @@ TEST_F(CargoTest, AmountsAndTotalsAreDrawnAndCloseClearsTheSelections) {
             0.0f);
 }
 
-// The arrow under the pointer shows its highlight image, its neighbours the normal one.
-TEST_F(CargoTest, TheArrowUnderThePointerIsHighlighted) {
+// Motion marks the one arrow under the pointer; it shows its highlight image, its neighbours the normal one.
+TEST_F(CargoTest, TheArrowUnderThePointerIsMarkedAndHighlighted) {
+  // Pointer x and y, then the arrow column and row marked, if any.
+  const int up = ShipUpArrow, down = ShipDownArrow, none = -1;
+  const int cases[][4] = {{121, 70, up, 0},     {134, 89, up, 0},           {136, 509, down, 21},
+                          {149, 300, down, 11}, {321, 70, RoverUpArrow, 0}, {349, 130, RoverDownArrow, 3},
+                          {120, 100, none, 0},  {135, 100, none, 0},        {150, 100, none, 0},
+                          {335, 100, none, 0},  {125, 69, none, 0},         {125, 510, none, 0}};
+  for (const auto& c : cases) {
+    cargoMouseMotion(c[0], c[1]);
+    int set = 0;
+    for (const auto& column : cargoWindow.arrowHover)
+      for (int flag : column) set += flag;
+    EXPECT_EQ(set, c[2] < 0 ? 0 : 1) << c[0] << "," << c[1];
+    EXPECT_TRUE(c[2] < 0 || cargoWindow.arrowHover[c[2]][c[3]] == 1) << c[0] << "," << c[1];
+  }
   cargoMouseMotion(125, 95);
   drawShipHold(screen);
-  drawRoverHold(screen);
-  const std::tuple<const char*, int, int> arrows[] = {{".\\Buttons\\Up_highlight.bmp", 120, 90},
-                                                      {".\\Buttons\\Up_norm.bmp", 120, 70},
-                                                      {".\\Buttons\\Down_norm.bmp", 135, 90},
-                                                      {".\\Buttons\\Up_norm.bmp", 320, 90}};
-  for (const auto& [file, x0, y0] : arrows) {
-    SurfacePtr image(IMG_Load(hostPath(file).c_str()));
+  for (auto [file, x0, y0] : {std::tuple{"Up_highlight", 120, 90}, {"Up_norm", 120, 70}, {"Down_norm", 135, 90}}) {
+    SurfacePtr image(IMG_Load(hostPath(std::string(".\\Buttons\\") + file + ".bmp").c_str()));
     ASSERT_NE(image, nullptr) << file;
     SurfacePtr converted(SDL_ConvertSurface(image.get(), screen->format, SDL_SWSURFACE));
     int differ = 0;
