@@ -39,8 +39,7 @@ class StatusWindowTest : public GameTest {
   SDL_Surface* savedShipImage = nullptr;
 };
 
-// Every text row in its font and place; the gauge labels are closer than a font height and the scale crosses
-// them and its own labels.
+// The gauge labels are closer than a font height and the scale crosses them and its own labels.
 TEST_F(StatusWindowTest, TextRowsShowTheShip) {
   const int h = fontTable.heights[2];
   BitmapFont* text = entry(2);
@@ -66,8 +65,7 @@ TEST_F(StatusWindowTest, TextRowsShowTheShip) {
     EXPECT_TRUE(panel(x, 190) == white && panel(x, 235) == white && panel(x, 189) != white) << x;
 }
 
-// Gauge numbers take at least three digits; bars run from 50 to 50 + 100 x the fraction, the shield bar showing
-// the value that moves 10 a drawing toward the charge.
+// Bars run from 50 to 50 + 100 x the fraction; the shield's moves 10 a drawing toward the charge.
 TEST_F(StatusWindowTest, GaugesShowTheirValuesAndBars) {
   const struct {
     int hull, hullMax, armor, armorMax, shield, shieldMax;
@@ -88,23 +86,21 @@ TEST_F(StatusWindowTest, GaugesShowTheirValuesAndBars) {
     EXPECT_EQ((std::vector{barEnd(225, red), barEnd(210, yellow), barEnd(195, green)}),
               (std::vector{c.hullEnd, c.armorEnd, c.shieldEnd}));
   }
-  const struct {
-    int from, charge;
-    std::vector<int> shown;
-  } follows[] = {{0, 35, {10, 20, 30, 35, 35}}, {100, 95, {95}}, {50, 0, {40, 30, 20, 10, 0}}, {-5, 4, {4}}};
+  // From, charge, then the values shown on the drawings after.
+  const std::vector<int> follows[] = {
+      {0, 35, 10, 20, 30, 35, 35}, {100, 95, 95}, {50, 0, 40, 30, 20, 10, 0}, {-5, 4, 4}};
   ship.shield.shieldMax = 100;
   for (const auto& f : follows) {
-    shieldDisplay = f.from;
-    ship.shield.shieldCurrent = f.charge;
-    for (int expected : f.shown) {
+    shieldDisplay = f[0];
+    ship.shield.shieldCurrent = f[1];
+    for (std::size_t i = 2; i < f.size(); ++i) {
       drawStatusWindow(screen);
-      EXPECT_EQ(std::pair(shieldDisplay, barEnd(195, green)), std::pair(expected, 50 + expected)) << f.from;
+      EXPECT_EQ(std::pair(shieldDisplay, barEnd(195, green)), std::pair(f[i], 50 + f[i])) << f[0];
     }
   }
 }
 
-// Starting again builds the wire globes and resets the globe's turn, the shield display and the sweep; the globe
-// turns through the twenty images, a missing one skipped, and starts over from a turn out of range.
+// Starting again builds the wire globes and resets the globe's turn, the shield display and the sweep.
 TEST_F(StatusWindowTest, GlobeImagesAreBuiltAndTurnThroughTheTwentyAndSkipMissingOnes) {
   SDL_Surface* saved[globeImageCount];
   for (int i = 0; i < globeImageCount; ++i) saved[i] = std::exchange(globeImages[i], nullptr);
@@ -134,8 +130,7 @@ TEST_F(StatusWindowTest, GlobeImagesAreBuiltAndTurnThroughTheTwentyAndSkipMissin
   for (int i = 0; i < globeImageCount; ++i) globeImages[i] = saved[i];
 }
 
-// Fifteen lines trail the leading one, fainter and fainter, inside the globe's box; a sweep takes 30 drawings and
-// ends with the readings after their labels.
+// Fifteen ever fainter lines trail the leading one inside the globe's box; the readings end the 30th drawing.
 TEST_F(StatusWindowTest, SweepLinesTrailInsideTheGlobeAndEndWithTheReadings) {
   const int cases[][3] = {{0, 601, 605}, {20, 611, 625}, {100, 691, 704}, {116, 1, 0}};
   for (const auto& [progress, first, last] : cases) {  // the lit columns; none when first > last

@@ -1,5 +1,3 @@
-// The cargo holds and the cargo window: hold operations, the arrows and their repeat, jettison, the close button
-// and the drawn rows.
 #include "ship/cargo.h"
 
 #include <SDL_image.h>
@@ -22,39 +20,29 @@ class CargoTest : public GameTest {
   // A press and a release over (x, y), each followed by a drawn frame, as the loop runs them.
   void clickAt(int x, int y) {
     cargoMouseMotion(x, y);
-    cargoMouseDown();
-    drawShipHold(screen);
-    drawRoverHold(screen);
-    cargoMouseUp();
-    drawShipHold(screen);
-    drawRoverHold(screen);
+    for (void (*step)() : {cargoMouseDown, cargoMouseUp}) {
+      step();
+      drawShipHold(screen);
+      drawRoverHold(screen);
+    }
   }
   static float& selected(int hold, int mineral) { return cargoWindow.jettisonSelection[hold][mineral]; }
   Ship ship;
 };
 
-TEST(CargoHold, StoringAndTakingMoveOnlyWhatFitsOrIsHeld) {
-  // Held, free, amount, store (1) or take (0); then moved, held and free after.
-  const float cases[][7] = {{1, 10, 4, 1, 4, 5, 6},             // what fits
-                            {1, 3, 9.99f, 1, 3, 4, 0},          // beyond the free space
-                            {1, 5, -2, 1, 0, 1, 5},             // a negative amount
-                            {3.5f, 10, 9, 0, 3.5f, 0, 13.5f}};  // more than is held
-  for (const auto& c : cases) {
-    CargoHold hold{};
-    hold[iron] = c[0];
-    float free = c[1];
-    const float moved = c[3] != 0 ? storeCargo(hold, free, iron, c[2]) : takeCargo(hold, free, iron, c[2]);
-    EXPECT_EQ((std::vector{moved, hold[iron], free}), (std::vector{c[4], c[5], c[6]})) << &c - cases;
-  }
+TEST(CargoHold, TakingGivesBackAtMostWhatIsHeldAndBadRequestsMoveNothing) {
   CargoHold hold{};
-  float free = 50.0f;
+  hold[iron] = 3.5f;
+  float free = 10.0f;
+  EXPECT_EQ(takeCargo(hold, free, iron, 9.0f), 3.5f);
+  EXPECT_EQ(std::pair(hold[iron], free), std::pair(0.0f, 13.5f));
   for (int bad : {-1, 22, 1000})
     EXPECT_EQ(std::pair(storeCargo(hold, free, bad, 1.0f), takeCargo(hold, free, bad, 1.0f)), std::pair(0.0f, 0.0f));
-  EXPECT_EQ(free, 50.0f);
+  EXPECT_EQ(storeCargo(hold, free, iron, -2.0f) + storeCargo(hold, free, iron, 20.0f), 13.5f);
+  EXPECT_EQ(std::pair(hold[iron], free), std::pair(13.5f, 0.0f));
 }
 
-// Up and Down on the ship's Iron row, then each side's Jettison: each side's buttons touch only its own selection
-// and hold.
+// Each side's buttons touch only its own selection and hold.
 TEST_F(CargoTest, ArrowsSelectWholeCuUpToTheAmountHeldAndJettisonThrowsItAway) {
   ship.shipHold[iron] = 3.5f;
   ship.shipHoldFree = 196.5f;
@@ -95,7 +83,6 @@ TEST_F(CargoTest, ArrowsSelectWholeCuUpToTheAmountHeldAndJettisonThrowsItAway) {
   EXPECT_EQ(selected(ShipsHold, iron), 6.0f);
 }
 
-// Amounts and totals in their formats; the close button clears both selections and closes the window.
 TEST_F(CargoTest, AmountsAndTotalsAreDrawnAndCloseClearsTheSelections) {
   // Text that starts at x = 203 on the row; the rover's column starts at 320.
   const std::pair<float, const char*> rows[] = {{9.99f, "/  9.99 CU"}, {10.0f, "/ 10.00 CU"}, {100.0f, "/100.00 CU"}};
@@ -104,15 +91,12 @@ TEST_F(CargoTest, AmountsAndTotalsAreDrawnAndCloseClearsTheSelections) {
   selected(ShipsHold, 2) = 2.0f;
   selected(RoversHold, 7) = 2.0f;
   BitmapFont* text = fontTable.fonts[2];
-  for (float capacity : {999.99f, 50.0f}) {
-    ship.shipHoldCapacity = capacity;
-    SDL_FillRect(screen, nullptr, 0);
-    drawShipHold(screen);
-    drawRoverHold(screen);
-    for (int m = 0; m < 3; ++m) EXPECT_TRUE(showsText(screen, 203, 70 + 20 * m, text, rows[m].second)) << m;
-    EXPECT_TRUE(showsText(screen, 203, 520, text, capacity > 100.0f ? "/999.99 CU" : "/ 50.00 CU")) << capacity;
-    EXPECT_TRUE(showsText(screen, 403, 520, text, "/ 50.00 CU")) << "rover";
-  }
+  ship.shipHoldCapacity = 999.99f;
+  drawShipHold(screen);
+  drawRoverHold(screen);
+  for (int m = 0; m < 3; ++m) EXPECT_TRUE(showsText(screen, 203, 70 + 20 * m, text, rows[m].second)) << m;
+  EXPECT_TRUE(showsText(screen, 203, 520, text, "/999.99 CU"));
+  EXPECT_TRUE(showsText(screen, 403, 520, text, "/ 50.00 CU")) << "rover";
   // The selection ends at x = 203: "0.00" right-aligned against it, and the selections' sum on the total row.
   EXPECT_TRUE(showsText(screen, 203 - textWidth(text, "0.00"), 70, text, "0.00"));
   EXPECT_TRUE(showsText(screen, 203 - textWidth(text, "3.50"), 520, text, "3.50"));
@@ -128,7 +112,6 @@ TEST_F(CargoTest, AmountsAndTotalsAreDrawnAndCloseClearsTheSelections) {
             0.0f);
 }
 
-// Motion marks the one arrow under the pointer; it shows its highlight image, its neighbours the normal one.
 TEST_F(CargoTest, TheArrowUnderThePointerIsMarkedAndHighlighted) {
   // Pointer x and y, then the arrow column and row marked, if any.
   const int up = ShipUpArrow, down = ShipDownArrow, none = -1;

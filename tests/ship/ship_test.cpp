@@ -14,8 +14,7 @@ std::string text(const MarkerList& list) {
   return out;
 }
 
-// What a ship file sets: class|type|hull|holds|hardpoints|engine|shield|plant markers|mount:markers;...|
-// description|hold capacity/free.
+// class|type|hull|holds|hardpoints|engine|shield|plant markers|mount:markers;...|description|capacity/free
 std::string summary(const Ship& s) {
   char holds[40];
   std::snprintf(holds, sizeof holds, "|%.2f/%.2f", s.shipHoldCapacity, s.shipHoldFree);
@@ -40,7 +39,7 @@ std::string fit(Ship& ship, const char* engine, const char* shield, const char* 
          std::to_string(ship.powerPlant.powerPlantClass) + " " + ship.powerPlant.description;
 }
 
-// Ship and component files are read in a directory of its own, as the game reads its data directory.
+// Files are read in a directory of their own, as the game reads its data directory.
 class ShipFileTest : public ::testing::Test {
  protected:
   void SetUp() override { std::filesystem::current_path(dir.dir()); }
@@ -64,8 +63,6 @@ TEST_F(ShipFileTest, FieldsGoByLineWithCommentsSkippedOddLinesLoggedAndTheStateC
        "100,110\n# between the hardpoints\n120,130 140,150\nA small, quick escort.\nPast the description\n",
        "Corvette|Escort|120|4|2|10,20 30,40|50,60|70,80|0:100,110;1:120,130 140,150;|A small, quick "
        "escort.|200.00/200.00"},
-      {"Scout\nProbe\n40\n1\n0\n1,2\n3,4\n5,6\nJust a probe.\n7,8\n",
-       "Scout|Probe|40|1|0|1,2|3,4|5,6||Just a probe.|50.00/50.00"},
       {"\nNo class above\n10\n1\n0\n\n\n\n\n", "|No class above|10|1|0||||||50.00/50.00"},  // empty lines count
       {"A\nB\n1\n1\n1\n1,2,3\n\n\n9\nDesc\n", "A|B|1|1|1|1,2||||Desc|50.00/50.00"},  // unpaired coordinates dropped
       // Separators mix freely; coordinates are read as atoi reads them.
@@ -134,8 +131,7 @@ TEST_F(ShipFileTest, MissingFilesChangeNothingAndImagesAreCachedAtEveryFiveDegre
   for (SDL_Surface*& image : images) SDL_FreeSurface(image);
 }
 
-// Weapons are read for each hardpoint in use; an energy output past the int range is held at its end and reported
-// with its file and line.
+// An energy output past the int range is held at its end and reported with its file and line.
 TEST_F(ShipFileTest, PartsAreReadPastCommentsForEachHardpointInUseAndShortFilesKeepTheRest) {
   dir.write("Engines/Fast.txt", "# an engine\n# for the tests\n12\nGoes like the wind.\nignored\n");
   dir.write("Shields/Thick.txt", "7\n# comment between\nStops most things.\n");
@@ -173,8 +169,7 @@ TEST_F(ShipFileTest, PartsAreReadPastCommentsForEachHardpointInUseAndShortFilesK
 }
 
 TEST_F(ShipFileTest, ShieldsChargeUpToTheMaximumAndDrainToZeroWithoutOverflow) {
-  // Shields online, plant class, maximum, frames, and the charge after them. A charge above a lowered maximum
-  // is cut back at once; huge plant classes do not overflow, and a negative drain charges without a maximum.
+  // Shields online, plant class, maximum, frames, and the charge after them; huge classes do not overflow.
   const int steps[][5] = {{1, 10, 999, 1, 10},          {1, 10, 999, 98, 990},     {1, 10, 999, 2, 999},
                           {0, 10, 999, 1, 989},         {0, 10, 999, 200, 0},      {1, 10, 999, 50, 500},
                           {1, 10, 100, 1, 100},         {1, INT_MAX, 999, 1, 999}, {0, INT_MAX, 999, 1, 0},

@@ -28,7 +28,6 @@ TEST(FontBuilder, EveryFontHoldsTheGlyphsInItsSizeStyleAndColour) {
     TTF_CloseFont(ttf);
     EXPECT_EQ(font->sheet->w, width) << i;
     EXPECT_EQ(shades[font->sheet->w - 1], 2) << i;
-    // Shades run from black to the entry's colour, and the glyphs are drawn in them.
     const SDL_Color *top = &font->sheet->format->palette->colors[255], *bottom = top - 255;
     EXPECT_EQ(Uint32(top->r << 16 | top->g << 8 | top->b), colours[i]) << i;
     EXPECT_EQ(bottom->r | bottom->g | bottom->b, 0) << i;
@@ -36,19 +35,4 @@ TEST(FontBuilder, EveryFontHoldsTheGlyphsInItsSizeStyleAndColour) {
     EXPECT_GE(*std::max_element(shades, shades + font->sheet->pitch * font->sheet->h), 128) << i;
   }
   TTF_Quit();
-}
-
-TEST(FontBuilder, MissingFontFileLeavesTheEntriesEmpty) {
-  ensureScreen();
-  const FontTable saved = fontTable;
-  const std::filesystem::path home = std::filesystem::current_path();
-  TempDir empty;
-  std::filesystem::current_path(empty.dir());
-  testing::internal::CaptureStderr();
-  buildFonts();
-  const std::string err = testing::internal::GetCapturedStderr();
-  std::filesystem::current_path(home);
-  for (int i = 0; i < fontCount; ++i) EXPECT_TRUE(!fontTable.fonts[i] && !fontTable.heights[i]) << i;
-  EXPECT_TRUE(err.starts_with("Error: couldn't load 10 pt font from ATX_A.ttf: ")) << err;
-  fontTable = saved;
 }

@@ -4,8 +4,7 @@
 
 namespace {
 
-// From (x, y) in steps of (dx, dy), each pixel is `colour` blended over black at the listed alpha, give or take the
-// blender's rounding (0: untouched).
+// From (x, y) in steps of (dx, dy): `colour` blended over black at each alpha, give or take rounding.
 ::testing::AssertionResult walk(SDL_Surface* s, int x, int y, int dx, int dy, const std::vector<int>& alphas,
                                 Uint32 colour = 0xFFFFFF) {
   for (std::size_t i = 0; i < alphas.size(); ++i, x += dx, y += dy)
