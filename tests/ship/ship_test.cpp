@@ -56,9 +56,7 @@ class ShipFileTest : public ::testing::Test {
 }  // namespace
 
 TEST_F(ShipFileTest, FieldsGoByLineWithCommentsSkippedOddLinesLoggedAndTheStateClear) {
-  const struct {
-    std::string file, ship;
-  } cases[] = {
+  const std::pair<std::string, std::string> cases[] = {
       {"# a ship for the tests\n#\nCorvette\nEscort\n# hull\n120\n4\n2\n10,20 30,40\n50,60\n# the plant next\n70,80\n"
        "100,110\n# between the hardpoints\n120,130 140,150\nA small, quick escort.\nPast the description\n",
        "Corvette|Escort|120|4|2|10,20 30,40|50,60|70,80|0:100,110;1:120,130 140,150;|A small, quick "
@@ -79,9 +77,9 @@ TEST_F(ShipFileTest, FieldsGoByLineWithCommentsSkippedOddLinesLoggedAndTheStateC
       // A negative number of holds would give a negative capacity: none instead.
       {"A\nB\n1\n-4\n0\n\n\n\nD\n", "A|B|1|0|0|||||D|0.00/0.00"},
   };
-  for (const auto& c : cases) {
-    ASSERT_TRUE(read(c.file));
-    EXPECT_EQ(summary(ship), c.ship);
+  for (const auto& [file, summarised] : cases) {
+    ASSERT_TRUE(read(file));
+    EXPECT_EQ(summary(ship), summarised);
   }
   EXPECT_TRUE(log.saw("engine markers") && log.saw("hardpoint markers") && log.saw("class longer than 99") &&
               log.saw("14 hardpoints") && log.saw("-4 cargo holds is below 0"));
@@ -105,7 +103,7 @@ TEST_F(ShipFileTest, FieldsGoByLineWithCommentsSkippedOddLinesLoggedAndTheStateC
   EXPECT_EQ(summary(ship), "Stub|Half written|55|25|1||||0:3,3;|D|999.99/1250.00");
 }
 
-// Entry 0 is the picture itself, 18 turned a quarter counter-clockwise, 72 the rover; all keyed on black.
+// Entry 0 is the picture itself, 18 turned a quarter counter-clockwise; the rover's from 72; all keyed on black.
 TEST_F(ShipFileTest, MissingFilesChangeNothingAndImagesAreCachedAtEveryFiveDegrees) {
   ensureScreen();
   ship.cargoHoldCount = 6;
@@ -116,18 +114,17 @@ TEST_F(ShipFileTest, MissingFilesChangeNothingAndImagesAreCachedAtEveryFiveDegre
   EXPECT_TRUE(log.saw("Load and cache player object: NoSuchShip") && log.saw(".\\Ships\\NoSuchShip.txt") &&
               log.saw(".\\Ships\\NoSuchShip.bmp") && log.saw(".\\Ships\\Rover.bmp"));
   dir.write("Ships/Test.txt", "A\nB\n1\n1\n0\n\n\n\nD\n");
-  SurfacePtr source = blankSurface(20, 30), rover = blankSurface(10, 12);
-  boxRGBA(source.get(), 8, 0, 11, 5, 255, 0, 0, 255);  // a red nose at the top centre
-  SDL_FillRect(rover.get(), nullptr, 0x00C800);
-  ASSERT_TRUE(!SDL_SaveBMP(source.get(), dir.path("Ships/Test.bmp").c_str()) &&
-              !SDL_SaveBMP(rover.get(), dir.path("Ships/Rover.bmp").c_str()));
+  SurfacePtr source = blankSurface(20, 30);
+  boxRGBA(source.get(), 8, 0, 11, 5, 255, 0, 0, 255);  // a red nose at the top centre; the rover the same
+  for (const char* file : {"Ships/Test.bmp", "Ships/Rover.bmp"})
+    ASSERT_EQ(SDL_SaveBMP(source.get(), dir.path(file).c_str()), 0);
   loadShip(images, ship, "Test");
   loadShip(images, ship, "Test");  // a second load replaces the first without leaking it
   for (SDL_Surface* image : images) ASSERT_TRUE(image && (image->flags & SDL_SRCCOLORKEY) && !image->format->colorkey);
-  ASSERT_TRUE(images[0]->w == 20 && images[0]->h == 30 && images[72]->w == 10 && images[72]->h == 12);
-  EXPECT_EQ(std::tuple(pixelRGB(images[0], 9, 2), pixelRGB(images[0], 9, 8), pixelRGB(images[72], 5, 6)),
-            std::tuple(0xFF0000u, 0u, 0x00C800u));
-  EXPECT_EQ(pixelRGB(images[18], 2, images[18]->h / 2), 0xFF0000u);  // the nose points left
+  ASSERT_TRUE(images[0]->w == 20 && images[0]->h == 30 && images[72]->w == 20 && images[90]->h < 30);
+  EXPECT_EQ(std::tuple(pixelRGB(images[0], 9, 2), pixelRGB(images[0], 9, 8), pixelRGB(images[72], 9, 2),
+                       pixelRGB(images[18], 2, images[18]->h / 2), pixelRGB(images[90], 2, images[90]->h / 2)),
+            std::tuple(0xFF0000u, 0u, 0xFF0000u, 0xFF0000u, 0xFF0000u));  // turned, the noses point left
   for (SDL_Surface*& image : images) SDL_FreeSurface(image);
 }
 

@@ -7,9 +7,8 @@ using FontPtr = std::unique_ptr<BitmapFont, decltype(&freeFont)>;
 // A font from its separator row: 'S' is a separator column, anything else a glyph column lit white in every row.
 FontPtr fontFromRow(const std::string& row, int height) {
   SDL_Surface* s = blankSurface(static_cast<int>(row.size()), height).release();
-  for (int i = 0; i < s->w * height; ++i) {
+  for (int i = 0; i < s->w * height; ++i)
     if (row[i % s->w] != 'S' || i < s->w) putPixel(s, i % s->w, i / s->w, row[i % s->w] == 'S' ? 0xFF00FF : 0xFFFFFF);
-  }
   return FontPtr(fontFromSurface(s), freeFont);
 }
 
