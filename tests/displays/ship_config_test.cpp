@@ -43,10 +43,9 @@ TEST_F(ShipConfigTest, SelectedMarkerIsLedToThePanelAndAReleaseSelectsTheFirstCo
   shipConfig.selectedComponent = EngineSelected;
   setCurrentFont(fontTable.fonts[0]);
   drawShipConfig(screen);
-  // The ring filled in blue at alpha 144; the leader's end dot covers only the centre.
+  // The ring filled in blue at alpha 144; the leader runs from its centre to (525, 60), then on to the panel.
   const Uint32 fill = pixelRGB(screen, 225 + 6, 520 + 6);
   EXPECT_TRUE(fill >> 16 == 0 && (fill & 0xFF) > 0x70) << fill;
-  // The leader's dot left of hardpoint 0's squares; the line to (525, 60), then on to the panel at 550.
   for (auto [x, y] : {std::pair{224, 520}, {375, 290}, {450, 175}, {526, 60}, {549, 60}})
     EXPECT_EQ(pixelRGB(screen, x, y), 0xFF4040u) << x << "," << y;
   // A hardpoint not selected: plain squares at alpha 144.

@@ -15,9 +15,6 @@ class StatusWindowTest : public GameTest {
  protected:
   void SetUp() override {
     GameTest::SetUp();
-    shipImage = blankSurface(4, 4);
-    SDL_FillRect(shipImage.get(), nullptr, magenta);
-    savedShipImage = std::exchange(shipImages[0], shipImage.get());
     std::strcpy(ship.shipName, "Lark");
     std::strcpy(ship.shipClass, "Scout");
     std::strcpy(ship.shipType, "Probe");
@@ -26,7 +23,6 @@ class StatusWindowTest : public GameTest {
     ship.fuel = 321, ship.cargoHoldCount = 50000000, ship.shipHoldFree = 150.0f, ship.hardPointCount = 2;
     initStatusWindow(shipImages, &fontTable, &ship);
   }
-  void TearDown() override { shipImages[0] = savedShipImage; }
   static Uint32 panel(int x, int y) { return pixelRGB(screen, panelX + x, panelY + y); }
   // The last x of a bar's full-strength centre row, from its start at 50.
   static int barEnd(int y, Uint32 colour) {
@@ -35,8 +31,6 @@ class StatusWindowTest : public GameTest {
     return x;
   }
   Ship ship;
-  SurfacePtr shipImage;
-  SDL_Surface* savedShipImage = nullptr;
 };
 
 // The gauge labels are closer than a font height and the scale crosses them and its own labels.
@@ -44,7 +38,11 @@ TEST_F(StatusWindowTest, TextRowsShowTheShip) {
   const int h = fontTable.heights[2];
   BitmapFont* text = entry(2);
   ship.shieldsOnline = 1;
+  SurfacePtr shipImage = blankSurface(4, 4);
+  SDL_FillRect(shipImage.get(), nullptr, magenta);
+  SDL_Surface* saved = std::exchange(shipImages[0], shipImage.get());
   drawStatusWindow(screen);
+  shipImages[0] = saved;
   std::istringstream lines(
       "Ship Class   : Scout|Ship Type    : Probe|Engine Class : 3|Shield Class : 4|Armor Class  : 5|"
       "Fuel Remain  : 321|Cargo Holds  : 2499999850.00 / 2500000000|HardPoints   : 2|Warp Speed   : 2 / 3|"
@@ -67,24 +65,19 @@ TEST_F(StatusWindowTest, TextRowsShowTheShip) {
 
 // Bars run from 50 to 50 + 100 x the fraction; the shield's moves 10 a drawing toward the charge.
 TEST_F(StatusWindowTest, GaugesShowTheirValuesAndBars) {
-  const struct {
-    int hull, hullMax, armor, armorMax, shield, shieldMax;
-    const char *hullText, *armorText, *shieldText;
-    int hullEnd, armorEnd, shieldEnd;
-  } cases[] = {{50, 200, 7, 50, 0, 100, "050/200", "007/050", "000/100", 75, 64, 50},
-               {200, 200, 25, 50, 5, 40, "200/200", "025/050", "005/040", 150, 100, 62},
-               {0, 0, 3, 0, 0, 0, "000/000", "003/000", "000/000", 50, 50, 50},  // no maximum: nothing to fill
-               {999, 100, 1234, 10, 0, 100, "999/100", "1234/010", "000/100", 279, 279, 50}};
-  for (const auto& c : cases) {
-    ship.hullCurrent = c.hull, ship.hullMax = c.hullMax;
-    ship.armorCurrent = c.armor, ship.armorMax = c.armorMax;
-    ship.shield.shieldCurrent = shieldDisplay = c.shield, ship.shield.shieldMax = c.shieldMax;
+  // Hull, armour and shield against their maximums; the texts; the bars' ends. No maximum: nothing to fill.
+  const std::tuple<std::array<int, 6>, std::array<const char*, 3>, std::vector<int>> cases[] = {
+      {{50, 200, 7, 50, 0, 100}, {"050/200", "007/050", "000/100"}, {75, 64, 50}},
+      {{200, 200, 25, 50, 5, 40}, {"200/200", "025/050", "005/040"}, {150, 100, 62}},
+      {{0, 0, 3, 0, 0, 0}, {"000/000", "003/000", "000/000"}, {50, 50, 50}},
+      {{999, 100, 1234, 10, 0, 100}, {"999/100", "1234/010", "000/100"}, {279, 279, 50}}};
+  for (const auto& [v, texts, ends] : cases) {
+    ship.hullCurrent = v[0], ship.hullMax = v[1], ship.armorCurrent = v[2], ship.armorMax = v[3];
+    ship.shield.shieldCurrent = shieldDisplay = v[4], ship.shield.shieldMax = v[5];
     drawStatusWindow(screen);
-    // The value texts reach the bars' glow at x 45; compare what is left of it.
-    for (auto [y, text] : {std::pair{220, c.hullText}, {205, c.armorText}, {190, c.shieldText}})
-      EXPECT_TRUE(showsText(screen, panelX, panelY + y, entry(2), text, 44)) << text;
-    EXPECT_EQ((std::vector{barEnd(225, red), barEnd(210, yellow), barEnd(195, green)}),
-              (std::vector{c.hullEnd, c.armorEnd, c.shieldEnd}));
+    // The value texts reach the bars' glow at x 45; compare what is left of them.
+    for (int i = 0; i < 3; ++i) EXPECT_TRUE(showsText(screen, panelX, panelY + 220 - 15 * i, entry(2), texts[i], 44));
+    EXPECT_EQ((std::vector{barEnd(225, red), barEnd(210, yellow), barEnd(195, green)}), ends);
   }
   // From, charge, then the values shown on the drawings after.
   const std::vector<int> follows[] = {

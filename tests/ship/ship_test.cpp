@@ -67,12 +67,10 @@ TEST_F(ShipFileTest, FieldsGoByLineWithCommentsSkippedOddLinesLoggedAndTheStateC
       {"A\nB\n1\n1\n1\n120, 40 130,40\n\t1 ,, 2\t\t3,4  \n-12 x9 +7 3abc\n5 6 7\nD\n",
        "A|B|1|1|1|120,40 130,40|1,2 3,4|-12,0 7,3|0:5,6;|D|50.00/50.00"},
       {"A\nB\n1\n1\n-3\n\n\n\nNo mounts.\n", "A|B|1|1|0|||||No mounts.|50.00/50.00"},
-      // Fourteen hardpoints are cut to the ten there are: the description follows the tenth.
+      // Fourteen hardpoints are cut to ten; names to their fields; 25 holds' capacity is capped, not their space.
       {"A\nB\n1\n1\n14\n\n\n\n" + std::string(9, '\n') + "9,9\nTen.\n", "A|B|1|1|10||||9:9,9;|Ten.|50.00/50.00"},
-      // Names are cut to their fields; the description has no fixed size.
       {std::string(150, 'k') + "\nB\n1\n1\n0\n\n\n\n" + std::string(900, 'd') + "\n",
        std::string(99, 'k') + "|B|1|1|0|||||" + std::string(900, 'd') + "|50.00/50.00"},
-      // 25 holds: the capacity is capped, the free space is not.
       {"A\nB\n1\n25\n0\n\n\n\nD\n", "A|B|1|25|0|||||D|999.99/1250.00"},
       // A negative number of holds would give a negative capacity: none instead.
       {"A\nB\n1\n-4\n0\n\n\n\nD\n", "A|B|1|0|0|||||D|0.00/0.00"},

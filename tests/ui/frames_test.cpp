@@ -31,10 +31,6 @@ TEST(Frames, FadingRingsFadeInwardWithCornersBlendedOnce) {
   const int walks[][4] = {{9, 30, 1, 0}, {61, 30, -1, 0},  {35, 9, 0, 1},  {35, 51, 0, -1},
                           {9, 9, 1, 1},  {61, 51, -1, -1}, {61, 9, -1, 1}, {9, 51, 1, -1}};
   for (const auto& w : walks) EXPECT_TRUE(walk(s.get(), w[0], w[1], w[2], w[3], {0, 255, 204, 153, 102, 51, 0}));
-  drawFadingFrame(s.get(), 70, 0, 99, 99, 255, 255, 255, 10);
-  EXPECT_TRUE(walk(s.get(), 70, 50, 1, 0, {255, 230, 205, 180, 155, 130, 105, 80, 55, 30, 0}));
-  drawFadingFrame(s.get(), 2, 63, 12, 73, 164, 164, 255, 1);  // one ring is a plain outline
-  EXPECT_TRUE(walk(s.get(), 1, 62, 1, 1, {0, 255, 0}, 0xA4A4FF));
 }
 
 TEST(Frames, GlowReachesNMinusOnePixelsBothWaysAlongStraightLines) {
