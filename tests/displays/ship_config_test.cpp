@@ -26,20 +26,9 @@ class ShipConfigTest : public GameTest {
   Ship ship;
 };
 
-TEST(ShipConfigMarkers, ReachIsATruncatedDistanceBelowEleven) {
-  shipConfig.imageX = 10;
-  shipConfig.imageY = 50;
-  // Offsets from a marker at (225, 520) on screen: sqrt(113) = 10.6 counts as 10; sqrt(128) = 11.3 as 11.
-  const int cases[][3] = {{0, 0, 1}, {10, 0, 1}, {11, 0, 0},  {-10, 0, 1}, {0, -11, 0},
-                          {7, 8, 1}, {8, 8, 0},  {-7, -8, 1}, {8, -7, 1},  {6, 9, 1}};
-  for (const auto& c : cases)
-    EXPECT_EQ(markersHit({{215, 470}}, 225 + c[0], 520 + c[1]), c[2] == 1) << c[0] << "," << c[1];
-  EXPECT_FALSE(markersHit(MarkerList{}, 10, 50));
-  EXPECT_TRUE(markersHit(MarkerList{{0, 0}, {215, 470}}, 225, 520));  // a later point counts too
-}
-
-// The title in its own font whatever was current; " X " closes once its release is drawn, others select.
-TEST_F(ShipConfigTest, SelectedMarkerIsLedToThePanelAndAReleaseSelectsTheFirstComponentHit) {
+// The title in its own font whatever was current; " X " closes once its release is drawn; a release within reach,
+// a truncated distance below eleven, selects.
+TEST_F(ShipConfigTest, SelectedMarkerIsLedToThePanelAndAReleaseSelectsTheFirstComponentInReach) {
   shipConfig.selectedComponent = EngineSelected;
   setCurrentFont(fontTable.fonts[0]);
   drawShipConfig(screen);
@@ -53,7 +42,14 @@ TEST_F(ShipConfigTest, SelectedMarkerIsLedToThePanelAndAReleaseSelectsTheFirstCo
   EXPECT_TRUE((square & 0xFF) > 0x80 && (square & 0xFF) < 0xFF && pixelRGB(screen, 410, 450) == 0) << square;
   EXPECT_TRUE(showsText(screen, 10, 10, fontTable.fonts[16], "Ship Configuration"));
   EXPECT_EQ(currentFont(), fontTable.fonts[2]);
-  const int cases[][3] = {{230, 520, EngineSelected},  // both in reach: the engine wins
+  // Offsets from a marker at (225, 520) on screen: sqrt(113) = 10.6 counts as 10; sqrt(128) = 11.3 as 11.
+  const int reach[][3] = {{0, 0, 1}, {10, 0, 1}, {11, 0, 0},  {-10, 0, 1}, {0, -11, 0},
+                          {7, 8, 1}, {8, 8, 0},  {-7, -8, 1}, {8, -7, 1},  {6, 9, 1}};
+  for (const auto& c : reach)
+    EXPECT_EQ(markersHit({{215, 470}}, 225 + c[0], 520 + c[1]), c[2] == 1) << c[0] << "," << c[1];
+  EXPECT_FALSE(markersHit(MarkerList{}, 10, 50));
+  EXPECT_TRUE(markersHit(MarkerList{{0, 0}, {215, 470}}, 225, 520));  // a later point counts too
+  const int cases[][3] = {{230, 520, EngineSelected},                 // both in reach: the engine wins
                           {244, 520, firstHardPoint},     {110, 150, ShieldSelected},
                           {110, 350, PowerPlantSelected}, {410, 450, firstHardPoint + 1},
                           {310, 250, firstHardPoint + 2}, {600, 300, ShipSelected},

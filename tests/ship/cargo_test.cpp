@@ -45,7 +45,6 @@ TEST(CargoHold, TakingGivesBackAtMostWhatIsHeldAndBadRequestsMoveNothing) {
 // Each side's buttons touch only its own selection and hold.
 TEST_F(CargoTest, ArrowsSelectWholeCuUpToTheAmountHeldAndJettisonThrowsItAway) {
   ship.shipHold[iron] = 3.5f;
-  ship.shipHoldFree = 196.5f;
   std::string seen;
   for (int x : {125, 125, 125, 125, 125, 140, 140, 140, 140, 140, 125, 125}) {
     clickAt(x, 95);

@@ -61,11 +61,7 @@ TEST_F(ShipFileTest, FieldsGoByLineWithCommentsSkippedOddLinesLoggedAndTheStateC
        "100,110\n# between the hardpoints\n120,130 140,150\nA small, quick escort.\nPast the description\n",
        "Corvette|Escort|120|4|2|10,20 30,40|50,60|70,80|0:100,110;1:120,130 140,150;|A small, quick "
        "escort.|200.00/200.00"},
-      {"\nNo class above\n10\n1\n0\n\n\n\n\n", "|No class above|10|1|0||||||50.00/50.00"},  // empty lines count
       {"A\nB\n1\n1\n1\n1,2,3\n\n\n9\nDesc\n", "A|B|1|1|1|1,2||||Desc|50.00/50.00"},  // unpaired coordinates dropped
-      // Separators mix freely; coordinates are read as atoi reads them.
-      {"A\nB\n1\n1\n1\n120, 40 130,40\n\t1 ,, 2\t\t3,4  \n-12 x9 +7 3abc\n5 6 7\nD\n",
-       "A|B|1|1|1|120,40 130,40|1,2 3,4|-12,0 7,3|0:5,6;|D|50.00/50.00"},
       {"A\nB\n1\n1\n-3\n\n\n\nNo mounts.\n", "A|B|1|1|0|||||No mounts.|50.00/50.00"},
       // Fourteen hardpoints are cut to ten; names to their fields; 25 holds' capacity is capped, not their space.
       {"A\nB\n1\n1\n14\n\n\n\n" + std::string(9, '\n') + "9,9\nTen.\n", "A|B|1|1|10||||9:9,9;|Ten.|50.00/50.00"},
