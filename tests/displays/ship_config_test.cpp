@@ -26,8 +26,7 @@ class ShipConfigTest : public GameTest {
   Ship ship;
 };
 
-// The title in its own font whatever was current; " X " closes once its release is drawn; a release within reach,
-// a truncated distance below eleven, selects.
+// The title in its own font whatever was current; " X " closes once its release is drawn; other releases select.
 TEST_F(ShipConfigTest, SelectedMarkerIsLedToThePanelAndAReleaseSelectsTheFirstComponentInReach) {
   shipConfig.selectedComponent = EngineSelected;
   setCurrentFont(fontTable.fonts[0]);

@@ -93,8 +93,7 @@ TEST_F(StatusWindowTest, GaugesShowTheirValuesAndBars) {
   }
 }
 
-// Starting again builds the wire globes and resets the globe's turn, the shield display and the sweep. The globe
-// turns through the twenty images, skips a missing one and starts over from a turn out of range.
+// Starting again builds the globes and resets the turn, shield display and sweep; a missing image is skipped.
 TEST_F(StatusWindowTest, GlobeImagesAreBuiltAndTurnThroughTheTwentyAndSkipMissingOnes) {
   shieldDisplay = 70, globeFrame = 12;
   setScanProgress(44);

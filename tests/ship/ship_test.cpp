@@ -7,7 +7,6 @@
 
 namespace {
 
-// A marker list as "x,y x,y".
 std::string text(const MarkerList& list) {
   std::string out;
   for (const MarkerPoint& p : list) out += (out.empty() ? "" : " ") + std::to_string(p.x) + "," + std::to_string(p.y);
@@ -39,7 +38,6 @@ std::string fit(Ship& ship, const char* engine, const char* shield, const char* 
          std::to_string(ship.powerPlant.powerPlantClass) + " " + ship.powerPlant.description;
 }
 
-// Files are read in a directory of their own, as the game reads its data directory.
 class ShipFileTest : public ::testing::Test {
  protected:
   void SetUp() override { std::filesystem::current_path(dir.dir()); }
