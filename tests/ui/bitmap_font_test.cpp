@@ -7,13 +7,11 @@ using FontPtr = std::unique_ptr<BitmapFont, decltype(&freeFont)>;
 // A font from its separator row: 'S' is a separator column, anything else a glyph column lit white in every row.
 FontPtr fontFromRow(const std::string& row, int height) {
   SDL_Surface* s = blankSurface(static_cast<int>(row.size()), height).release();
-  for (int i = 0; i < s->w * height; ++i) {
+  for (int i = 0; i < s->w * height; ++i)
     if (row[i % s->w] != 'S' || i < s->w) putPixel(s, i % s->w, i / s->w, row[i % s->w] == 'S' ? 0xFF00FF : 0xFFFFFF);
-  }
   return FontPtr(fontFromSurface(s), freeFont);
 }
 
-// One glyph per width, codes from 33 on.
 FontPtr fontFromWidths(const std::vector<int>& widths, int height = 6) {
   std::string row = "S";
   for (int w : widths) row += std::string(w, 'G') + "S";
@@ -33,25 +31,21 @@ std::string lit(SDL_Surface* s, int y) {
   return runs;
 }
 
-// The glyphs a font has, as "code:x+width" in code order.
 std::string glyphs(const BitmapFont* font) {
   std::string out;
-  for (int c = 0; c < 256; ++c) {
-    const SDL_Rect& g = font->glyphs[c];
-    if (g.w)
-      out += (out.empty() ? "" : " ") + std::to_string(c) + ":" + std::to_string(g.x) + "+" + std::to_string(g.w);
-  }
+  for (int c = 0; c < 256; ++c)
+    if (const SDL_Rect& g = font->glyphs[c]; g.w)
+      out += std::to_string(c) + ":" + std::to_string(g.x) + "+" + std::to_string(g.w) + " ";
   return out;
 }
 
 }  // namespace
 
 TEST(BitmapFont, ScanFindsTheRunsBetweenSeparatorsFromCode33) {
-  // The space (32) takes the first glyph's width; adjacent separators use up no code; a run may end in
-  // the last column, but one that would start there is not looked at.
-  const char* cases[][2] = {{"SGGGSGGSGS", "32:0+3 33:1+3 34:5+2 35:8+1"},
-                            {"SSSGGSSSSGGG", "32:0+2 33:3+2 34:9+3"},
-                            {"SGGSG", "32:0+2 33:1+2"},
+  // The space takes the first glyph's width; a run may end in the last column but not start there.
+  const char* cases[][2] = {{"SGGGSGGSGS", "32:0+3 33:1+3 34:5+2 35:8+1 "},
+                            {"SSSGGSSSSGGG", "32:0+2 33:3+2 34:9+3 "},
+                            {"SGGSG", "32:0+2 33:1+2 "},
                             {"SSSSSS", ""}};
   for (const auto& c : cases) {
     FontPtr font = fontFromRow(c[0], 5);
@@ -60,9 +54,8 @@ TEST(BitmapFont, ScanFindsTheRunsBetweenSeparatorsFromCode33) {
   }
   FontPtr many = fontFromWidths(std::vector<int>(240, 1), 2);  // runs past code 255 are dropped
   const std::string all = glyphs(many.get());
-  EXPECT_TRUE(all.starts_with("32:0+1 33:1+1 ") && all.ends_with(" 255:445+1")) << all;
-  EXPECT_EQ(fontFromSurface(nullptr), nullptr);
-  EXPECT_EQ(loadFont("no/such/font.bmp"), nullptr);
+  EXPECT_TRUE(all.starts_with("32:0+1 33:1+1 ") && all.ends_with(" 255:445+1 ")) << all;
+  EXPECT_TRUE(!fontFromSurface(nullptr) && !loadFont("no/such/font.bmp"));
   many.reset();  // freeing the current font leaves none current rather than a dangling one
   EXPECT_EQ(currentFont(), nullptr);
 }
@@ -72,9 +65,7 @@ TEST(BitmapFont, PlacementOnA100PixelTargetAndClippedAdvances) {
   SurfacePtr target = blankSurface(100, 8);
   SDL_Surface* t = target.get();
   EXPECT_EQ(textWidth("a\t\x01 b"), 30);  // control characters have no glyph
-  EXPECT_EQ((leftPut(t, 0, "ab"), lit(t, 3)), "0-19");
   EXPECT_EQ((centeredPut(t, 0, "ab"), lit(t, 3)), "40-59");
-  EXPECT_EQ((rightPut(t, 0, "ab"), lit(t, 3)), "79-98");
   EXPECT_EQ((justifiedPut(t, 0, "a b"), lit(t, 3)), "0-9 90-99");          // the whole gap between the words
   EXPECT_EQ((justifiedPut(t, 0, "a a a"), lit(t, 3)), "0-9 45-54 90-99");  // the first gaps a pixel more
   EXPECT_EQ((justifiedPut(t, 0, "ab"), lit(t, 3)), "0-19");                // no blank, or no room: as it is
@@ -97,7 +88,6 @@ TEST(BitmapFont, PrintCutsAt1023Characters) {
   SDL_Surface* t = target.get();
   EXPECT_EQ((printString(t, font.get(), 0, 0, "%s", std::string(1500, 'a').c_str()), lit(t, 1)), "0-1022");
   EXPECT_EQ((rightPrint(t, 0, "%d-%s", 42, "x"), lit(t, 1)), "1595-1598");
-  EXPECT_EQ((centeredPrint(t, 0, "%s", "abcd"), lit(t, 1)), "798-801");
   setCurrentFont(nullptr);  // without a current font nothing is drawn
   EXPECT_EQ(putChar(t, 0, 0, 'a') + textWidth("abc"), 0);
   EXPECT_EQ((justifiedPut(t, 0, "a b c"), printString(t, 0, 0, "abc"), lit(t, 1)), "");
@@ -114,7 +104,4 @@ TEST(BitmapFont, PixelAccessStaysOnTheSurface) {
                                            0xFF0000, 0xFF00, 0xFF, 0));
   EXPECT_EQ(GetPixel(rows.get(), 0, -1) | GetPixel(rows.get(), 0, 3), 0u);
   EXPECT_EXIT(scanGlyphs(nullptr), ::testing::ExitedWithCode(1), "The font has not been loaded");
-  testing::internal::CaptureStdout();
-  for (int x : {-1, 4}) GetPixel(s.get(), x, 0);
-  EXPECT_EQ(testing::internal::GetCapturedStdout(), "x too small in GetPixel!\nx too big in GetPixel!\n");
 }

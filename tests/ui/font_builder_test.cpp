@@ -28,34 +28,11 @@ TEST(FontBuilder, EveryFontHoldsTheGlyphsInItsSizeStyleAndColour) {
     TTF_CloseFont(ttf);
     EXPECT_EQ(font->sheet->w, width) << i;
     EXPECT_EQ(shades[font->sheet->w - 1], 2) << i;
-    // Shades run from black to the entry's colour, and the glyphs are drawn in them.
     const SDL_Color *top = &font->sheet->format->palette->colors[255], *bottom = top - 255;
     EXPECT_EQ(Uint32(top->r << 16 | top->g << 8 | top->b), colours[i]) << i;
     EXPECT_EQ(bottom->r | bottom->g | bottom->b, 0) << i;
     EXPECT_EQ(bottom[2].r << 16 | bottom[2].g << 8 | bottom[2].b, 0xFF00FF) << i << ": the separators' magenta";
     EXPECT_GE(*std::max_element(shades, shades + font->sheet->pitch * font->sheet->h), 128) << i;
-    const SDL_Rect &quote = font->glyphs['\''], &grave = font->glyphs['`'];  // the grave drawn as an apostrophe
-    ASSERT_TRUE(quote.w == grave.w && quote.x != grave.x) << i;
-    for (const Uint8* row = shades; row < shades + font->sheet->pitch * font->sheet->h; row += font->sheet->pitch) {
-      EXPECT_EQ(std::memcmp(row + quote.x, row + grave.x, quote.w), 0) << i;
-    }
   }
   TTF_Quit();
-}
-
-TEST(FontBuilder, MissingFontFileLeavesTheEntriesEmpty) {
-  ensureScreen();
-  const FontTable saved = fontTable;
-  BitmapFont* savedCurrent = currentFont();
-  const std::filesystem::path home = std::filesystem::current_path();
-  TempDir empty;
-  std::filesystem::current_path(empty.dir());
-  testing::internal::CaptureStderr();
-  buildFonts();
-  const std::string err = testing::internal::GetCapturedStderr();
-  std::filesystem::current_path(home);
-  for (int i = 0; i < fontCount; ++i) EXPECT_TRUE(!fontTable.fonts[i] && !fontTable.heights[i]) << i;
-  EXPECT_EQ(err.rfind("Error: couldn't load 10 pt font from ATX_A.ttf: ", 0), 0u) << err;
-  EXPECT_EQ(currentFont(), savedCurrent);
-  fontTable = saved;
 }

@@ -4,69 +4,45 @@
 
 namespace {
 
-// Walks from (x, y) in steps of (dx, dy): each pixel should be `colour` drawn over black at the listed
-// alpha, give or take the blender's rounding (0: untouched).
+// From (x, y) in steps of (dx, dy): `colour` blended over black at each alpha, give or take rounding.
 ::testing::AssertionResult walk(SDL_Surface* s, int x, int y, int dx, int dy, const std::vector<int>& alphas,
                                 Uint32 colour = 0xFFFFFF) {
-  for (std::size_t i = 0; i < alphas.size(); ++i, x += dx, y += dy) {
-    const Uint32 rgb = pixelRGB(s, x, y);
+  for (std::size_t i = 0; i < alphas.size(); ++i, x += dx, y += dy)
     for (int shift : {0, 8, 16}) {
-      const int got = (rgb >> shift) & 0xFF, want = alphas[i] * ((colour >> shift) & 0xFF) / 255;
+      const int got = (pixelRGB(s, x, y) >> shift) & 0xFF, want = alphas[i] * ((colour >> shift) & 0xFF) / 255;
       if (std::abs(got - want) > (alphas[i] ? 2 : 0)) return ::testing::AssertionFailure() << x << "," << y;
     }
-  }
   return ::testing::AssertionSuccess();
-}
-
-bool allBlack(SDL_Surface* s) {
-  const Uint32* p = static_cast<const Uint32*>(s->pixels);
-  return std::all_of(p, p + s->w * s->h, [](Uint32 v) { return v == 0; });
 }
 
 }  // namespace
 
+// No rings, no surface or a slanted line: nothing drawn. Fading rings fade inward, each corner blended once.
 TEST(Frames, FadingRingsFadeInwardWithCornersBlendedOnce) {
   SurfacePtr s = blankSurface(100, 100);
+  drawFadingFrame(s.get(), 0, 0, 99, 99, 255, 255, 255, 0);
+  drawGlowFrame(s.get(), 0, 0, 99, 99, 255, 255, 255, 0);
+  drawGlowLine(s.get(), 0, 0, 0, 99, 255, 255, 255, 0);
+  drawGlowLine(s.get(), 5, 5, 40, 30, 255, 255, 255, 5);
+  drawFadingFrame(nullptr, 0, 0, 9, 9, 255, 255, 255, 3);
+  EXPECT_EQ(litPixels(s.get(), 0, 0, 100, 100), 0);
   drawFadingFrame(s.get(), 10, 10, 60, 50, 255, 255, 255, 5);
   // In from each side, and along the diagonals through the corners, where a second blend would show.
   const int walks[][4] = {{9, 30, 1, 0}, {61, 30, -1, 0},  {35, 9, 0, 1},  {35, 51, 0, -1},
                           {9, 9, 1, 1},  {61, 51, -1, -1}, {61, 9, -1, 1}, {9, 51, 1, -1}};
   for (const auto& w : walks) EXPECT_TRUE(walk(s.get(), w[0], w[1], w[2], w[3], {0, 255, 204, 153, 102, 51, 0}));
-  drawFadingFrame(s.get(), 70, 0, 99, 99, 255, 255, 255, 10);
-  EXPECT_TRUE(walk(s.get(), 70, 50, 1, 0, {255, 230, 205, 180, 155, 130, 105, 80, 55, 30, 0}));
-  drawFadingFrame(s.get(), 2, 63, 12, 73, 164, 164, 255, 1);  // one ring is a plain outline
-  EXPECT_TRUE(walk(s.get(), 1, 62, 1, 1, {0, 255, 0}, 0xA4A4FF));
 }
 
-TEST(Frames, FramesOnTheSurfaceEdgeStayInside) {
-  SurfacePtr s = blankSurface(800, 600);
-  drawFadingFrame(s.get(), 0, 0, 799, 599, 255, 255, 255, 0);  // no rings, or no surface: nothing
-  drawGlowFrame(s.get(), 0, 0, 799, 599, 255, 255, 255, 0);
-  drawGlowLine(s.get(), 0, 0, 0, 599, 255, 255, 255, 0);
-  drawFadingFrame(nullptr, 0, 0, 9, 9, 255, 255, 255, 3);
-  EXPECT_TRUE(allBlack(s.get()));
-  drawFadingFrame(s.get(), 0, 0, 799, 599, 255, 255, 255, 5);
-  EXPECT_TRUE(walk(s.get(), 0, 300, 1, 0, {255, 204, 153, 102, 51, 0}));
-  drawGlowFrame(s.get(), 0, 0, 799, 599, 255, 255, 255, 4);  // glow past the edges is clipped
-  drawGlowLine(s.get(), 799, 0, 799, 599, 255, 255, 255, 4);
-  EXPECT_TRUE(walk(s.get(), 0, 0, 799, 599, {255, 255}));
-}
-
-TEST(Frames, GlowReachesNMinusOnePixelsBothWaysAlongStraightLinesOnly) {
+TEST(Frames, GlowReachesNMinusOnePixelsBothWaysAlongStraightLines) {
   SurfacePtr s = blankSurface(100, 100);
-  drawGlowLine(s.get(), 5, 5, 40, 30, 255, 255, 255, 5);  // a slanted line draws nothing
-  EXPECT_TRUE(allBlack(s.get()));
   drawGlowFrame(s.get(), 20, 20, 40, 35, 255, 255, 255, 3);
   drawGlowLine(s.get(), 70, 10, 70, 40, 255, 255, 255, 3);
   drawGlowLine(s.get(), 90, 90, 90, 90, 255, 255, 255, 3);  // a point: a one-pixel vertical line
+  drawGlowLine(s.get(), 10, 80, 80, 80, 0, 255, 0, 2);
   const int walks[][4] = {{17, 28, 1, 0}, {43, 28, -1, 0}, {30, 17, 0, 1}, {30, 38, 0, -1},
-                          {67, 10, 1, 0}, {67, 25, 1, 0},  {67, 40, 1, 0}, {87, 90, 1, 0}};
+                          {67, 10, 1, 0}, {67, 40, 1, 0},  {87, 90, 1, 0}};
   for (const auto& w : walks) EXPECT_TRUE(walk(s.get(), w[0], w[1], w[2], w[3], {0, 85, 170, 255, 170, 85, 0}));
   EXPECT_TRUE(walk(s.get(), 17, 17, 1, 1, {0, 85, 170, 255}));
-  // The parallels keep the line's length.
-  for (int y : {9, 41}) EXPECT_TRUE(walk(s.get(), 67, y, 1, 0, {0, 0, 0, 0, 0, 0, 0})) << y;
-  EXPECT_TRUE(walk(s.get(), 90, 89, 0, 2, {0, 0}));
-  drawGlowLine(s.get(), 10, 80, 80, 80, 0, 255, 0, 2);
-  for (int x : {10, 45, 80}) EXPECT_TRUE(walk(s.get(), x, 78, 0, 1, {0, 128, 255, 128, 0}, 0x00FF00)) << x;
-  EXPECT_TRUE(walk(s.get(), 81, 78, 0, 1, {0, 0, 0, 0, 0}));
+  EXPECT_TRUE(walk(s.get(), 67, 41, 1, 0, {0, 0, 0, 0, 0, 0, 0}));  // the parallels keep the line's length
+  EXPECT_TRUE(walk(s.get(), 45, 78, 0, 1, {0, 128, 255, 128, 0}, 0x00FF00));
 }
