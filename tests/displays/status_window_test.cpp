@@ -97,7 +97,9 @@ TEST_F(StatusWindowTest, GaugesShowTheirValuesAndBars) {
 TEST_F(StatusWindowTest, GlobeImagesAreBuiltAndTurnThroughTheTwentyAndSkipMissingOnes) {
   shieldDisplay = 70, globeFrame = 12;
   setScanProgress(44);
+  LogWatch log;
   initStatusWindow(shipImages, &fontTable, &ship);
+  EXPECT_TRUE(log.saw("Initializing Status Window"));
   EXPECT_EQ(std::tuple(shieldDisplay, scanProgress(), globeFrame), std::tuple(0, 0, 0));
   EXPECT_EQ(std::count(globeImages, globeImages + globeImageCount, nullptr), 0);
   SurfacePtr first = blankSurface(2, 2);
@@ -129,6 +131,7 @@ TEST_F(StatusWindowTest, SweepLinesTrailInsideTheGlobeAndEndWithTheReadings) {
       EXPECT_TRUE(x <= first || x > last || (got & 0xFF) > (pixelRGB(screen, x - 1, 180) & 0xFF)) << x;
       EXPECT_EQ(pixelRGB(screen, x, 124) | pixelRGB(screen, x, 231), 0u) << x;
     }
+    if (progress == 20) EXPECT_EQ(pixelRGB(screen, 625, 180), 0x8080FFu) << "the leading line, opaque";
   }
   Planet planet;
   planet.Mass = 1.22f, planet.MassExponent = 23, planet.Gravity = 0.98f;

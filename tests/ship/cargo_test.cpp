@@ -59,6 +59,8 @@ TEST_F(CargoTest, ArrowsSelectWholeCuUpToTheAmountHeldAndJettisonThrowsItAway) {
   EXPECT_EQ((std::vector{ship.shipHold[iron], ship.shipHoldFree, selected(ShipsHold, iron), ship.roverHold[4]}),
             (std::vector{1.5f, 198.5f, 0.0f, 12.0f}));
   clickAt(125, 95);
+  clickAt(400, 560);  // the bottom border of the rover's Jettison is outside it
+  EXPECT_EQ(ship.roverHold[4], 12.0f);
   clickAt(400, 550);  // the rover's: its free space counts from 50
   EXPECT_EQ((std::vector{ship.shipHold[iron], selected(ShipsHold, iron), ship.roverHold[4], ship.roverHold[iron],
                          ship.roverHoldFree}),
