@@ -167,3 +167,36 @@ TEST_F(ShipFileTest, ShieldsChargeUpToTheMaximumAndDrainToZeroWithoutOverflow) {
     EXPECT_EQ(ship.shield.shieldCurrent, s[4]) << &s - steps;
   }
 }
+
+// The highest channel of a pixel.
+static Uint32 brightest(SDL_Surface* s, int x, int y) {
+  const Uint32 c = pixelRGB(s, x, y);
+  return std::max({c >> 16, (c >> 8) & 0xFF, c & 0xFF});
+}
+
+// The pictures drawn at build time for the game's own ship.
+TEST(ShipImagesGame, BlueprintPartsSitUnderTheirMarkersAndSpritesAndArrowsLookRight) {
+  ensureScreen();
+  Ship ship;
+  ASSERT_TRUE(readShipFile(ship, "Ships/Surveyor.txt") && !ship.engineMarkers.empty() &&
+              !ship.hardPoints[0].markers.empty());
+  SurfacePtr b(SDL_LoadBMP(("Ships/" + std::string(ship.shipClass) + "_large.bmp").c_str()));
+  ASSERT_TRUE(b && b->w <= 530 && b->h <= 530);
+  // On the dark blue paper every part is bright on its marker, a turret's twin barrels a little ahead of it.
+  auto bright = [&](int x, int y) { return x >= 0 && y >= 0 && x < b->w && y < b->h ? brightest(b.get(), x, y) : 0; };
+  for (const MarkerList* list : {&ship.engineMarkers, &ship.shieldMarkers, &ship.powerPlantMarkers}) {
+    for (const MarkerPoint& m : *list) EXPECT_GE(bright(m.x, m.y), 150u) << m.x << "," << m.y;
+  }
+  for (int i = 0; i < ship.hardPointCount; ++i) {
+    for (const MarkerPoint& m : ship.hardPoints[i].markers) EXPECT_GE(bright(m.x - 2, m.y - 12), 200u) << i;
+  }
+  EXPECT_LT(bright(30, 480), 150u);  // away from the ship, the paper
+  // Sprites are drawn on black, which the colour key makes transparent.
+  // The rover is 20 x 26: the game turns it about the pixel (10, 13).
+  for (auto [path, minSize, maxSize, taller] :
+       {std::tuple{"Ships/Surveyor.bmp", 30, 48, 0}, {"Ships/Rover.bmp", 20, 20, 6}}) {
+    SurfacePtr image(SDL_LoadBMP(path));
+    ASSERT_TRUE(image && image->h == image->w + taller && image->w >= minSize && image->w <= maxSize) << path;
+    EXPECT_TRUE(pixelRGB(image.get(), 0, 0) == 0 && pixelRGB(image.get(), image->w / 2, image->h / 2) != 0) << path;
+  }
+}
