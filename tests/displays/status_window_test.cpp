@@ -131,7 +131,9 @@ TEST_F(StatusWindowTest, SweepLinesTrailInsideTheGlobeAndEndWithTheReadings) {
       EXPECT_TRUE(x <= first || x > last || (got & 0xFF) > (pixelRGB(screen, x - 1, 180) & 0xFF)) << x;
       EXPECT_EQ(pixelRGB(screen, x, 124) | pixelRGB(screen, x, 231), 0u) << x;
     }
-    if (progress == 20) EXPECT_EQ(pixelRGB(screen, 625, 180), 0x8080FFu) << "the leading line, opaque";
+    if (progress == 20) {
+      EXPECT_EQ(pixelRGB(screen, 625, 180), 0x8080FFu) << "the leading line, opaque";
+    }
   }
   Planet planet;
   planet.Mass = 1.22f, planet.MassExponent = 23, planet.Gravity = 0.98f;

@@ -75,7 +75,9 @@ TEST(TextFit, StatusScaleLabelsShowWholeApartAndClearOfTheBars) {
       for (int y = 0; y < 60; ++y)
         if (const Uint32 p = pixelRGB(page.get(), col, y)) {
           first = std::min(first, col), last = col;
-          if (x >= 0) EXPECT_EQ(pixelRGB(screen, 515 + x + col, 5 + 235 + y - 10), p) << label << " cut";
+          if (x >= 0) {
+            EXPECT_EQ(pixelRGB(screen, 515 + x + col, 5 + 235 + y - 10), p) << label << " cut";
+          }
         }
     return std::pair(first, last);
   };

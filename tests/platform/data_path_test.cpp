@@ -9,7 +9,9 @@ TEST(DataDir, InstalledDataFirstThenTheCurrentDirectory) {
     if (has & 2) tmp.write("here/NewGame.sav", "Surveyor\n");
     std::string looked = "left from before";
     EXPECT_EQ(findDataDir(tmp.path("prefix/bin/prospector"), here, looked), has & 1 ? installed : has ? here : "");
-    if (!has) EXPECT_EQ(looked, installed + " and " + here);
+    if (!has) {
+      EXPECT_EQ(looked, installed + " and " + here);
+    }
   }
   std::string looked;  // without the program's path only the current directory is looked at
   EXPECT_EQ(findDataDir("", "/nonexistent-dir", looked) + looked, "/nonexistent-dir");

@@ -138,6 +138,8 @@ TEST_F(SavedGameTest, RestoringAPlaceThatIsNotThereFallsBackToSpaceAndAnOrbitPre
     restoreSavedMode();
     EXPECT_EQ(std::tuple(gameState.mode, gameState.currentObject, gameState.heading, gameState.scansTaken),
               std::tuple(slot == 2 ? Orbit : Space, star, 0, 0));
-    if (slot == 4) EXPECT_STREQ(lastMessage(), "Load file ask for planet that doesn't exist");
+    if (slot == 4) {
+      EXPECT_STREQ(lastMessage(), "Load file ask for planet that doesn't exist");
+    }
   }
 }
