@@ -60,7 +60,16 @@ bool parseOptions(int argc, const char* const* argv, Options& options, std::stri
       out = name;
       return true;
     };
-    const char* text = nullptr;
+    // A whole number in [minimum, maximum]; anything else is refused saying what the option takes.
+    auto number = [&](long& out, long minimum, long maximum, const char* what) {
+      const char* text = nullptr;
+      if (!value(text)) return false;
+      if (!parseNumber(text, minimum, maximum, out)) {
+        error = std::string(arg) + " takes " + what + ", not '" + text + "'";
+        return false;
+      }
+      return true;
+    };
     long n = 0;
     if (arg == "--help" || arg == "-h") {
       options.help = true;
@@ -71,11 +80,7 @@ bool parseOptions(int argc, const char* const* argv, Options& options, std::stri
     } else if (arg == "--check") {
       options.check = true;
     } else if (arg == "--scale") {
-      if (!value(text)) return false;
-      if (!parseNumber(text, 1, 4, n)) {
-        error = std::string("--scale takes a whole number from 1 to 4, not '") + text + "'";
-        return false;
-      }
+      if (!number(n, 1, 4, "a whole number from 1 to 4")) return false;
       options.scale = static_cast<int>(n);
     } else if (arg == "--data") {
       if (!path(options.dataDir, "directory")) return false;
@@ -84,29 +89,17 @@ bool parseOptions(int argc, const char* const* argv, Options& options, std::stri
     } else if (arg == "--frame-times") {
       if (!path(options.frameTimesPath, "file")) return false;
     } else if (arg == "--frames") {
-      if (!value(text)) return false;
-      if (!parseNumber(text, 0, LONG_MAX, n)) {
-        error = std::string("--frames takes a whole number of frames, not '") + text + "'";
-        return false;
-      }
+      if (!number(n, 0, LONG_MAX, "a whole number of frames")) return false;
       options.frames = n;
     } else if (arg == "--seed") {
-      if (!value(text)) return false;
-      if (!parseNumber(text, 0, UINT_MAX, n)) {
-        error = std::string("--seed takes a whole number from 0 to 4294967295, not '") + text + "'";
-        return false;
-      }
+      if (!number(n, 0, UINT_MAX, "a whole number from 0 to 4294967295")) return false;
       options.seed = static_cast<unsigned int>(n);
     } else if (arg == "--new") {
       options.newVoyage = true;
     } else if (arg == "--voyage") {
       if (!path(options.voyagePath, "file")) return false;
     } else if (arg == "--autosave") {
-      if (!value(text)) return false;
-      if (!parseNumber(text, 0, 3600000, n)) {
-        error = std::string("--autosave takes a whole number of milliseconds from 0 to 3600000, not '") + text + "'";
-        return false;
-      }
+      if (!number(n, 0, 3600000, "a whole number of milliseconds from 0 to 3600000")) return false;
       options.autosaveMs = static_cast<int>(n);
     } else {
       error = "unknown option '" + std::string(arg) + "'";
