@@ -42,17 +42,6 @@ TEST(TerrainTest, SeedsGiveTheReferenceSurfaces) {
   }
 }
 
-TEST(TerrainTest, HeightFieldCornersStayAndTheLastRowAndColumnRepeatTheFirst) {
-  for (std::int32_t seed : {0, 1, 97001, -7}) {
-    const std::vector<std::uint8_t> g = heightField(seed);
-    ASSERT_EQ(g.size(), std::size_t(heightFieldSize * heightFieldSize));
-    auto cell = [&](int row, int column) { return int(g[std::size_t(row * heightFieldSize + column)]); };
-    EXPECT_EQ((std::vector{cell(0, 0), cell(0, 512), cell(512, 0), cell(512, 512)}), (std::vector{128, 128, 128, 128}));
-    for (int k = 0; k <= 512; ++k)
-      ASSERT_TRUE(cell(512, k) == cell(0, k) && cell(k, 512) == cell(k, 0)) << "seed " << seed << " at " << k;
-  }
-}
-
 // Every cell 255: the wrapped sums must neither overflow nor lose a part.
 TEST(TerrainTest, SmoothingAFullMapLeavesItFull) {
   auto map = std::make_unique<Terrain>();
