@@ -50,8 +50,7 @@ TEST_F(RoverTest, CollectionTakesWhatTheHoldHasRoomFor) {
   EXPECT_TRUE(log.saw("no mineral 40"));
 }
 
-// The view word for word: every tile walks the whole list. The quick view must
-// leave exactly these pixels on the screen.
+// The view word for word, every tile walking the whole list: the quick view must leave exactly these pixels.
 void literalView(SDL_Surface* view, SDL_Surface* target, const MineralDepositList& deposits, int px, int py,
                  int heading) {
   const int X = px / 10, Y = py / 10, rx = px % 10, ry = py % 10;
