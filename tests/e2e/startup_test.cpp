@@ -18,6 +18,7 @@ TEST(Startup, BadOptionsScriptsVideoFontOrSavedGameEndWithAClearMessage) {
       {"--data " + empty.dir() + " --frames 1", "", 1, {"ATX_A.ttf", "scripts/install-deps"}},
       {"--data " + fontOnly.dir() + " --frames 1", "", 1, {"NewGame.sav", "No such file"}},
       {"--data " + tmp.path("gone"), "", 2, {"can't use the data directory " + tmp.path("gone")}},
+      {"--frames 1 --frame-times " + tmp.path("no/dir/t.txt"), "", 2, {"can't write the frame times to"}},
   };
   for (const auto& c : cases) {
     const RunResult r = runGame(c.arguments, c.environment);
@@ -28,14 +29,4 @@ TEST(Startup, BadOptionsScriptsVideoFontOrSavedGameEndWithAClearMessage) {
   const RunResult help = runGame("--help");
   EXPECT_EQ(help.status, 0);
   EXPECT_NE(help.out.find("--script FILE"), std::string::npos);
-}
-
-TEST(Startup, SeedMakesARunRepeat) {
-  // The frame-rate counters follow the wall clock; everything else must repeat.
-  const std::regex clock("\"(frameRateStart|framesCounted)\":[0-9]+");
-  const RunResult a = runScript("at 20 state\n", "--frames 20 --seed 5"),
-                  b = runScript("at 20 state\n", "--frames 20 --seed 5");
-  EXPECT_EQ(a.status, 0);
-  EXPECT_NE(a.out.find("STATE"), std::string::npos);
-  EXPECT_EQ(std::regex_replace(a.out, clock, ""), std::regex_replace(b.out, clock, ""));
 }

@@ -159,10 +159,7 @@ std::string statesAt(int first, int last) {
 }
 
 std::vector<float> stateFloats(const std::string& state, const std::string& name) {
-  std::string list = stateField(state, name);
-  std::replace_if(
-      list.begin(), list.end(), [](char c) { return c == '[' || c == ']' || c == ','; }, ' ');
-  std::istringstream in(list);
+  std::istringstream in(std::regex_replace(stateField(state, name), std::regex("[\\[\\],]"), " "));
   std::vector<float> values;
   for (float v; in >> v;) values.push_back(v);
   return values;
@@ -183,17 +180,16 @@ std::string dataCopyWithSave(const TempDir& tmp, int mode, int starX, int starY,
                              const std::string& shipHold, const std::string& roverHold) {
   const std::string data = dataCopy(tmp);
   // Its lines without comments: ship, name, star cell, system cell, planet, mode, ..., the two holds.
-  std::vector<std::string> fields = {"", ""};
-  for (int value : {starX, starY, systemX, systemY, planet, mode}) fields.push_back(std::to_string(value));
   std::ifstream shipped(data + "/NewGame.sav");
   std::vector<std::string> lines;
   for (std::string line; std::getline(shipped, line);)
     if (line.empty() || line[0] != '#') lines.push_back(line);
+  const int fields[] = {starX, starY, systemX, systemY, planet, mode};
+  for (int i = 0; i < 6; ++i) lines[2 + i] = std::to_string(fields[i]);
   if (!shipHold.empty()) lines[lines.size() - 2] = shipHold;
   if (!roverHold.empty()) lines.back() = roverHold;
   std::string save;
-  for (std::size_t i = 0; i < lines.size(); ++i)
-    save += (i < fields.size() && !fields[i].empty() ? fields[i] : lines[i]) + "\n";
+  for (const std::string& line : lines) save += line + "\n";
   tmp.write("data/NewGame.sav", save);
   return data;
 }
