@@ -33,6 +33,8 @@ TEST(FlightEndToEnd, SavedShipConfigShieldsAndAFlightThroughTheHomeSystem) {
   EXPECT_EQ(stateField(early[0], "shipName"), "\"Wandering Lark\"");
   EXPECT_EQ(stateField(early[0], "weapons"), "[\"PulseLaser\",\"PulseLaser\",\"MiningLaser\"]");
   EXPECT_EQ(stateFloats(early[0], "roverHold"), std::vector<float>(22, 0.0f));
+  // On its cell's low edge the ship is still in that cell once frames run.
+  EXPECT_EQ(std::pair(stateNumber(early[1], "sectorX"), stateNumber(early[1], "sectorY")), std::pair(100, 96));
 
   // The configuration window with the engine selected, then closed.
   EXPECT_EQ((std::vector{stateNumber(early[1], "configOpen"), stateNumber(early[1], "selectedComponent"),
