@@ -202,20 +202,15 @@ std::string readFile(const std::string& path) {
 
 RunResult runGame(const std::string& arguments, const std::string& environment) {
   TempDir tmp;
-  const std::string out = tmp.path("out.txt"), err = tmp.path("err.txt");
-  const std::string command = std::string("cd '") + PROSPECTOR_DATA_DIR + "' && SDL_VIDEODRIVER=dummy " + environment +
-                              " '" + PROSPECTOR_BINARY + "' " + arguments + " >'" + out + "' 2>'" + err + "'";
-  const int raw = std::system(command.c_str());
-  RunResult result;
-  result.status = WIFEXITED(raw) ? WEXITSTATUS(raw) : -1;
-  result.out = readFile(out);
-  result.err = readFile(err);
+  RunResult result = runShell(std::string("cd '") + PROSPECTOR_DATA_DIR + "' && SDL_VIDEODRIVER=dummy " + environment +
+                              " '" + PROSPECTOR_BINARY + "' " + arguments + " 2>'" + tmp.path("err.txt") + "'");
+  result.err = readFile(tmp.path("err.txt"));
   return result;
 }
 
 RunResult runShell(const std::string& command) {
   RunResult result;
-  std::FILE* pipe = popen((command + " 2>&1").c_str(), "r");
+  std::FILE* pipe = popen(("(" + command + ") 2>&1").c_str(), "r");
   if (!pipe) return result;
   for (char buffer[4096]; const std::size_t n = std::fread(buffer, 1, sizeof buffer, pipe);)
     result.out.append(buffer, n);
