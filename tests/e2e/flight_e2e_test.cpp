@@ -9,7 +9,7 @@ TEST(FlightEndToEnd, SavedShipConfigShieldsAndAFlightThroughTheHomeSystem) {
   };
   // E, a click on the Surveyor's port engine marker ((215, 470) on the schematic), " X ".
   std::string script = "at 0 state\nat 1 key down e\nat 2 key up e\n" + clickAt(4, 225, 520) + "at 11 state\n" +
-                       shot(11, "config.bmp") + clickAt(12, 775, 20) + "at 20 state\n";
+                       clickAt(12, 775, 20) + "at 20 state\n";
   // Tactical, Raise Shields; Bridge, Navigator, Maneuver.
   script += clickRow(21, 3) + clickRow(29, 0) + "at 36 state\nat 52 state\n";
   script += clickRow(40, 3) + clickRow(48, 2) + clickRow(56, 0);
@@ -31,7 +31,6 @@ TEST(FlightEndToEnd, SavedShipConfigShieldsAndAFlightThroughTheHomeSystem) {
   for (const auto& [name, value] : saved) EXPECT_EQ(stateNumber(early[0], name), value) << name;
   EXPECT_EQ(stateField(early[0], "shipName"), "\"Wandering Lark\"");
   EXPECT_EQ(stateField(early[0], "weapons"), "[\"PulseLaser\",\"PulseLaser\",\"MiningLaser\"]");
-  EXPECT_EQ(stateFloats(early[0], "roverHold"), std::vector<float>(22, 0.0f));
   // On its cell's low edge the ship is still in that cell once frames run.
   EXPECT_EQ(std::pair(stateNumber(early[1], "sectorX"), stateNumber(early[1], "sectorY")), std::pair(100, 96));
 
@@ -39,10 +38,9 @@ TEST(FlightEndToEnd, SavedShipConfigShieldsAndAFlightThroughTheHomeSystem) {
   EXPECT_EQ((std::vector{stateNumber(early[1], "configOpen"), stateNumber(early[1], "selectedComponent"),
                          stateNumber(early[2], "configOpen"), stateNumber(early[2], "selectedComponent")}),
             (std::vector{1, 1, 0, 0}));
-  const SurfacePtr config(SDL_LoadBMP(tmp.path("config.bmp").c_str())),
-      first(SDL_LoadBMP(tmp.path("before.bmp").c_str())), second(SDL_LoadBMP(tmp.path("after.bmp").c_str()));
-  ASSERT_TRUE(config && first && second);
-  EXPECT_EQ(pixelRGB(config.get(), 0, 300), 0x8080FFu);  // the window's frame
+  const SurfacePtr first(SDL_LoadBMP(tmp.path("before.bmp").c_str())),
+      second(SDL_LoadBMP(tmp.path("after.bmp").c_str()));
+  ASSERT_TRUE(first && second);
 
   // Shields raised: the Tactical menu of shields on, charging by the power plant's 8 a frame.
   EXPECT_EQ(std::tuple(stateNumber(early[3], "currentMenu"), stateNumber(early[3], "shieldsOnline"),
@@ -71,15 +69,14 @@ TEST(FlightEndToEnd, SavedShipConfigShieldsAndAFlightThroughTheHomeSystem) {
   EXPECT_EQ(dot(second.get(), before), 0u) << "the dot stayed where it was";
 
   // The same seed, from three cells below lane 0, flies into its orbit with the configuration window open: orbit
-  // shows its panes inside whole borders, no piece of the window left, the command window and strip not blank.
+  // shows its panes inside whole borders, no piece of the window left, the first three boxes not blank.
   int px = 0, py = 0;
   ASSERT_EQ(std::sscanf(stateField(states[entered], "PlanetCells").c_str(), "[[%d,%d", &px, &py), 2);
   ASSERT_GE(py, 3) << "lane 0 lies too low to approach from below";
-  TempDir again;
   script = clickRow(5, 2) + clickRow(14, 0) + "at 25 key down e\nat 26 key up e\nat 30 key down up\nat 90 state\n";
   const RunResult c =
       runScript(script + shot(90, "captured.bmp"),
-                "--data '" + dataCopyWithSave(again, 1, 100, 100, px, py - 3, 0) + "' --seed 3 --frames 91");
+                "--data '" + dataCopyWithSave(tmp, 1, 100, 100, px, py - 3, 0) + "' --seed 3 --frames 91");
   ASSERT_EQ(c.status, 0) << c.err;
   const std::string captured = stateLines(c.out).at(0);
   ASSERT_EQ(std::pair(stateNumber(captured, "mode"), stateNumber(captured, "configOpen")), std::pair(2, 1));
@@ -87,8 +84,8 @@ TEST(FlightEndToEnd, SavedShipConfigShieldsAndAFlightThroughTheHomeSystem) {
   ASSERT_TRUE(shown);
   for (int b = 0; b < 6; ++b) {
     const auto [x1, y1, x2, y2] = screenBoxes[b];
-    EXPECT_TRUE(b < firstBorderBox ? litPixels(shown.get(), x1, y1, x2, y2) > 0
-                                   : differingPixels(first.get(), shown.get(), x1, y1, x2, y2) == 0)
+    EXPECT_TRUE(b < 3 ? litPixels(shown.get(), x1, y1, x2, y2) > 0
+                      : differingPixels(first.get(), shown.get(), x1, y1, x2, y2) == 0)
         << b;
   }
 }

@@ -1,5 +1,4 @@
 #pragma once
-// Tests include this one header for what nearly all of them use.
 #include <SDL.h>
 #include <gtest/gtest.h>
 #include <unistd.h>
@@ -74,10 +73,9 @@ bool showsText(SDL_Surface* shown, int x, int y, BitmapFont* font, const std::st
 int litPixels(SDL_Surface* surface, int x1, int y1, int x2, int y2);
 int differingPixels(SDL_Surface* a, SDL_Surface* b, int x1, int y1, int x2, int y2);
 // Boxes x1, y1, x2, y2 of the screen: the command window, the message strip left of the frame-rate read-out, the
-// map's legend, then from `firstBorderBox` the pane borders round x = 510, y = 255 (right half) and y = 510.
+// map's legend, then the pane borders round x = 510, y = 255 (right half) and y = 510.
 inline constexpr int screenBoxes[6][4] = {{515, 260, 795, 505}, {5, 515, 750, 595},   {10, 210, 501, 296},
                                           {506, 0, 515, 600},   {515, 251, 800, 260}, {0, 506, 800, 515}};
-inline constexpr int firstBorderBox = 3;
 
 struct RunResult {
   int status = -1;
