@@ -1,4 +1,3 @@
-// Finding and checking the game's data, through the real binary.
 #include "support/test_support.h"
 
 // A copy of the program with no data installed beside it and none in the current directory names where it looked.
@@ -30,14 +29,12 @@ TEST(DataCheck, ReportsEachProblemWithItsFileAndLine) {
        "0\n"},
       {"Ships/Surveyor.txt", "# a ship with faults\nSurveyor\nFreighter\n100\n4\n3\n10,20, 30\n"},  // 7: odd markers
       {"Engines/Kestrel.txt", "# nothing but a comment\n"},
-      {"PlanetColor.txt", "0 1\n"},
-      {"Ships/Rover.bmp", ""},
-      {"Ships/Surveyor_large.bmp", ""},
-      {"Buttons/Down_select.bmp", ""},
-      {"ATX_A.ttf", ""}};
+      {"PlanetColor.txt", "0 1\n"}};
   TempDir tmp;
   const std::string data = dataCopy(tmp);
   for (const auto& [file, content] : files) std::ofstream(data + "/" + file) << content;
+  for (const char* image : {"Ships/Rover.bmp", "Ships/Surveyor_large.bmp", "Buttons/Down_select.bmp", "ATX_A.ttf"})
+    std::ofstream(data + "/" + image);  // empty, so unreadable
   const RunResult r = runGame("--check --data " + data);
   EXPECT_EQ(r.status, 1) << r.out;
   for (const std::string& line : std::vector<std::string>{

@@ -58,7 +58,6 @@ TEST(SurfaceEndToEnd, SweepReadLandDriveCollectLaunchAndLeave) {
                     &launched = states[69], &left = states[70];
 
   // The sweep runs for 30 frames and is counted when it ends; then the nearest deposit shows.
-  EXPECT_EQ(stateNumber(start, "mode"), 2);
   std::size_t done = 0;
   while (done < 61 && at(done, "scansTaken") == 0) ++done;
   ASSERT_TRUE(done >= 30 && done <= 60) << "the sweep ended at " << done;
@@ -76,8 +75,8 @@ TEST(SurfaceEndToEnd, SweepReadLandDriveCollectLaunchAndLeave) {
                                                     p.Litho[2] + "\",\"Global Weather: " + p.Weather + "\"]");
   // Closing each window brings back every pane and border in that frame.
   const auto load = [&](const char* name) { return SurfacePtr(SDL_LoadBMP(tmp.path(name).c_str())); };
-  const SurfacePtr readings = load("swept");
-  ASSERT_TRUE(readings);
+  const SurfacePtr readings = load("swept"), siteShot = load("site");
+  ASSERT_TRUE(readings && siteShot);
   for (const char* name : {"log", "history", "rate"}) {
     const SurfacePtr after = load(name);
     ASSERT_TRUE(after) << name;
@@ -86,8 +85,6 @@ TEST(SurfaceEndToEnd, SweepReadLandDriveCollectLaunchAndLeave) {
   }
   // Science, Status shows the ship's status; choosing the site its and the pointer's coordinates.
   EXPECT_EQ(stateNumber(status, "showShipStatus"), 1);
-  const SurfacePtr siteShot = load("site");
-  ASSERT_TRUE(siteShot);
   for (int y : {340, 370}) EXPECT_TRUE(showsText(siteShot.get(), 425, y, fontTable.fonts[2], "30'N 80'W")) << y;
 
   // Cargo: two of the shipped hold's 4.5 CU of Iron thrown away and nothing else, the window still open.
@@ -106,7 +103,6 @@ TEST(SurfaceEndToEnd, SweepReadLandDriveCollectLaunchAndLeave) {
     EXPECT_EQ((std::vector{stateNumber(*s, "mode"), stateNumber(*s, "currentMenu"), stateNumber(*s, "descentRunning"),
                            stateNumber(*s, "launchRunning")}),
               want);
-  EXPECT_EQ(stateNumber(driven, "heading"), 90);
 
   // Free space is capacity less the load, in both holds, at every step.
   const auto number = [](const std::string& s, const char* name) { return std::stof(stateField(s, name)); };

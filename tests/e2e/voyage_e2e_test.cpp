@@ -10,12 +10,6 @@
 
 static bool has(const std::string& text, const std::string& part) { return text.find(part) != std::string::npos; }
 
-// Runs the game on `data` with the voyage `voyage`: a state line at frame 1, then `exit` at frame 3.
-static RunResult runVoyage(const std::string& data, const std::string& voyage,
-                           const std::string& exit = "key down escape") {
-  return runScript("at 1 state\nat 3 " + exit + "\n", "--data " + data + " --voyage " + voyage + " --log-stdout");
-}
-
 TEST_F(GameTest, EveryModeComesBackAsItWasLeftOnEscapeOrClose) {
   const struct {
     int mode, starY, planet;
@@ -41,7 +35,8 @@ TEST_F(GameTest, EveryModeComesBackAsItWasLeftOnEscapeOrClose) {
       in.ignore(1000, '\n');
     }
     // The game continues it and writes it anew on leaving, to the byte: nothing is lost or drifts.
-    const RunResult r = runVoyage(data, voyage, row.exit);
+    const RunResult r = runScript("at 1 state\nat 3 " + std::string(row.exit) + "\n",
+                                  "--data " + data + " --voyage " + voyage + " --log-stdout");
     EXPECT_TRUE(r.status == 0 && has(r.out, "Voyage continued")) << r.err;
     EXPECT_EQ(stateNumber(stateLines(r.out).at(0), "mode"), row.mode);
     EXPECT_EQ(readFile(voyage), kept);
@@ -76,7 +71,8 @@ TEST(VoyageEndToEnd, ABrokenVoyageIsKeptAsideForTheBackupThenTheNewGameAndAFaile
         {garbage, torn, "\"Wandering Lark\"", "v.sav.bak could not be read; kept as v.sav.bak.broken"}}) {
     tmp.write("v.sav", text);
     tmp.write("v.sav.bak", backupText);
-    const RunResult r = runVoyage(data, voyage);
+    const RunResult r =
+        runScript("at 1 state\nat 3 key down escape\n", "--data " + data + " --voyage " + voyage + " --log-stdout");
     ASSERT_EQ(r.status, 0) << r.err;
     for (const char* step : {"v.sav could not be read; kept as v.sav.broken", "Trying the backup v.sav.bak", end})
       EXPECT_TRUE(has(r.out, step)) << step;

@@ -33,8 +33,7 @@ TempDir::TempDir() {
 }
 
 TempDir::~TempDir() {
-  std::error_code ec;
-  if (dir_ != "/tmp") std::filesystem::remove_all(dir_, ec);
+  if (std::error_code ec; dir_ != "/tmp") std::filesystem::remove_all(dir_, ec);
 }
 
 std::string TempDir::path(const std::string& name) const { return dir_ + "/" + name; }
@@ -99,9 +98,7 @@ bool LogWatch::saw(const char* text) const {
 }
 
 const char* lastMessage(int back) {
-  int index = messageWindow.writeIndex;
-  for (int i = 0; i <= back; ++i) index = (index + logLineCount - 1) % logLineCount;
-  return messageWindow.lines[index];
+  return messageWindow.lines[(messageWindow.writeIndex + (back + 1) * (logLineCount - 1)) % logLineCount];
 }
 
 PlacedObjects::~PlacedObjects() {

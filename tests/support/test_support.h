@@ -17,7 +17,6 @@
 #include <utility>
 #include <vector>
 
-#include "base/debug_log.h"
 #include "base/game_state.h"
 #include "base/message_window.h"
 #include "base/screen.h"
@@ -34,11 +33,8 @@
 #include "surface/globe.h"
 #include "surface/surface_map.h"
 #include "surface/terrain.h"
-#include "ui/bitmap_font.h"
 #include "ui/font_builder.h"
 #include "universe/navigation.h"
-#include "universe/planet.h"
-#include "universe/star_map.h"
 #include "universe/viewing_tree.h"
 
 // The headless 800 x 600 x 32 screen, fonts, log and message windows, made once per program.
