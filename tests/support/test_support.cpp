@@ -33,8 +33,7 @@ TempDir::TempDir() {
 }
 
 TempDir::~TempDir() {
-  std::error_code ec;
-  if (dir_ != "/tmp") std::filesystem::remove_all(dir_, ec);
+  if (std::error_code ec; dir_ != "/tmp") std::filesystem::remove_all(dir_, ec);
 }
 
 std::string TempDir::path(const std::string& name) const { return dir_ + "/" + name; }
@@ -99,9 +98,7 @@ bool LogWatch::saw(const char* text) const {
 }
 
 const char* lastMessage(int back) {
-  int index = messageWindow.writeIndex;
-  for (int i = 0; i <= back; ++i) index = (index + logLineCount - 1) % logLineCount;
-  return messageWindow.lines[index];
+  return messageWindow.lines[(messageWindow.writeIndex + (back + 1) * (logLineCount - 1)) % logLineCount];
 }
 
 PlacedObjects::~PlacedObjects() {
@@ -159,10 +156,7 @@ std::string statesAt(int first, int last) {
 }
 
 std::vector<float> stateFloats(const std::string& state, const std::string& name) {
-  std::string list = stateField(state, name);
-  std::replace_if(
-      list.begin(), list.end(), [](char c) { return c == '[' || c == ']' || c == ','; }, ' ');
-  std::istringstream in(list);
+  std::istringstream in(std::regex_replace(stateField(state, name), std::regex("[\\[\\],]"), " "));
   std::vector<float> values;
   for (float v; in >> v;) values.push_back(v);
   return values;
@@ -183,17 +177,16 @@ std::string dataCopyWithSave(const TempDir& tmp, int mode, int starX, int starY,
                              const std::string& shipHold, const std::string& roverHold) {
   const std::string data = dataCopy(tmp);
   // Its lines without comments: ship, name, star cell, system cell, planet, mode, ..., the two holds.
-  std::vector<std::string> fields = {"", ""};
-  for (int value : {starX, starY, systemX, systemY, planet, mode}) fields.push_back(std::to_string(value));
   std::ifstream shipped(data + "/NewGame.sav");
   std::vector<std::string> lines;
   for (std::string line; std::getline(shipped, line);)
     if (line.empty() || line[0] != '#') lines.push_back(line);
+  const int fields[] = {starX, starY, systemX, systemY, planet, mode};
+  for (int i = 0; i < 6; ++i) lines[2 + i] = std::to_string(fields[i]);
   if (!shipHold.empty()) lines[lines.size() - 2] = shipHold;
   if (!roverHold.empty()) lines.back() = roverHold;
   std::string save;
-  for (std::size_t i = 0; i < lines.size(); ++i)
-    save += (i < fields.size() && !fields[i].empty() ? fields[i] : lines[i]) + "\n";
+  for (const std::string& line : lines) save += line + "\n";
   tmp.write("data/NewGame.sav", save);
   return data;
 }
@@ -206,20 +199,15 @@ std::string readFile(const std::string& path) {
 
 RunResult runGame(const std::string& arguments, const std::string& environment) {
   TempDir tmp;
-  const std::string out = tmp.path("out.txt"), err = tmp.path("err.txt");
-  const std::string command = std::string("cd '") + PROSPECTOR_DATA_DIR + "' && SDL_VIDEODRIVER=dummy " + environment +
-                              " '" + PROSPECTOR_BINARY + "' " + arguments + " >'" + out + "' 2>'" + err + "'";
-  const int raw = std::system(command.c_str());
-  RunResult result;
-  result.status = WIFEXITED(raw) ? WEXITSTATUS(raw) : -1;
-  result.out = readFile(out);
-  result.err = readFile(err);
+  RunResult result = runShell(std::string("cd '") + PROSPECTOR_DATA_DIR + "' && SDL_VIDEODRIVER=dummy " + environment +
+                              " '" + PROSPECTOR_BINARY + "' " + arguments + " 2>'" + tmp.path("err.txt") + "'");
+  result.err = readFile(tmp.path("err.txt"));
   return result;
 }
 
 RunResult runShell(const std::string& command) {
   RunResult result;
-  std::FILE* pipe = popen((command + " 2>&1").c_str(), "r");
+  std::FILE* pipe = popen(("(" + command + ") 2>&1").c_str(), "r");
   if (!pipe) return result;
   for (char buffer[4096]; const std::size_t n = std::fread(buffer, 1, sizeof buffer, pipe);)
     result.out.append(buffer, n);

@@ -1,5 +1,4 @@
 #pragma once
-// Tests include this one header for what nearly all of them use.
 #include <SDL.h>
 #include <gtest/gtest.h>
 #include <unistd.h>
@@ -18,7 +17,6 @@
 #include <utility>
 #include <vector>
 
-#include "base/debug_log.h"
 #include "base/game_state.h"
 #include "base/message_window.h"
 #include "base/screen.h"
@@ -35,11 +33,8 @@
 #include "surface/globe.h"
 #include "surface/surface_map.h"
 #include "surface/terrain.h"
-#include "ui/bitmap_font.h"
 #include "ui/font_builder.h"
 #include "universe/navigation.h"
-#include "universe/planet.h"
-#include "universe/star_map.h"
 #include "universe/viewing_tree.h"
 
 // The headless 800 x 600 x 32 screen, fonts, log and message windows, made once per program.
@@ -74,10 +69,9 @@ bool showsText(SDL_Surface* shown, int x, int y, BitmapFont* font, const std::st
 int litPixels(SDL_Surface* surface, int x1, int y1, int x2, int y2);
 int differingPixels(SDL_Surface* a, SDL_Surface* b, int x1, int y1, int x2, int y2);
 // Boxes x1, y1, x2, y2 of the screen: the command window, the message strip left of the frame-rate read-out, the
-// map's legend, then from `firstBorderBox` the pane borders round x = 510, y = 255 (right half) and y = 510.
+// map's legend, then the pane borders round x = 510, y = 255 (right half) and y = 510.
 inline constexpr int screenBoxes[6][4] = {{515, 260, 795, 505}, {5, 515, 750, 595},   {10, 210, 501, 296},
                                           {506, 0, 515, 600},   {515, 251, 800, 260}, {0, 506, 800, 515}};
-inline constexpr int firstBorderBox = 3;
 
 struct RunResult {
   int status = -1;
