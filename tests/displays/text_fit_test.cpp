@@ -1,20 +1,10 @@
-// The game's face against the fixed places its text is drawn in: every line
-// shows whole and neighbours keep apart.
-#include <algorithm>
-#include <utility>
-
-#include "base/message_window.h"
-#include "base/screen.h"
+// The game's face against the fixed places its text is drawn in: every line shows whole, neighbours apart.
 #include "displays/status_window.h"
-#include "ship/ship.h"
 #include "support/test_support.h"
-#include "ui/bitmap_font.h"
-#include "ui/font_builder.h"
 
 namespace {
 
-// Heights of the runs of consecutive rows of `r` that hold text, drawn in shades of grey (frames and bars are
-// coloured).
+// Heights of the runs of rows of `r` that hold text, drawn in greys (frames and bars are coloured).
 std::vector<int> textRuns(SDL_Surface* s, SDL_Rect r) {
   std::vector<int> runs;
   int run = 0;
