@@ -42,13 +42,9 @@ TEST_F(ShipConfigTest, SelectedMarkerIsLedToThePanelAndAReleaseSelectsTheFirstCo
   EXPECT_TRUE(showsText(screen, 10, 10, fontTable.fonts[16], "Ship Configuration"));
   EXPECT_EQ(currentFont(), fontTable.fonts[2]);
   // Offsets from a marker at (225, 520) on screen: sqrt(113) = 10.6 counts as 10; sqrt(128) = 11.3 as 11.
-  const int reach[][3] = {{0, 0, 1}, {10, 0, 1}, {11, 0, 0},  {-10, 0, 1}, {0, -11, 0},
-                          {7, 8, 1}, {8, 8, 0},  {-7, -8, 1}, {8, -7, 1},  {6, 9, 1}};
-  for (const auto& c : reach)
-    EXPECT_EQ(markersHit({{215, 470}}, 225 + c[0], 520 + c[1]), c[2] == 1) << c[0] << "," << c[1];
-  EXPECT_FALSE(markersHit(MarkerList{}, 10, 50));
-  EXPECT_TRUE(markersHit(MarkerList{{0, 0}, {215, 470}}, 225, 520));  // a later point counts too
-  const int cases[][3] = {{230, 520, EngineSelected},                 // both in reach: the engine wins
+  for (auto [x, y, in] : {std::tuple{10, 0, true}, {0, -11, false}, {7, -8, true}, {8, 8, false}})
+    EXPECT_EQ(markersHit(MarkerList{{0, 0}, {215, 470}}, 225 + x, 520 + y), in) << x << "," << y;
+  const int cases[][3] = {{230, 520, EngineSelected},  // both in reach: the engine wins
                           {244, 520, firstHardPoint},     {110, 150, ShieldSelected},
                           {110, 350, PowerPlantSelected}, {410, 450, firstHardPoint + 1},
                           {310, 250, firstHardPoint + 2}, {600, 300, ShipSelected},

@@ -30,18 +30,6 @@ class CargoTest : public GameTest {
   Ship ship;
 };
 
-TEST(CargoHold, TakingGivesBackAtMostWhatIsHeldAndBadRequestsMoveNothing) {
-  CargoHold hold{};
-  hold[iron] = 3.5f;
-  float free = 10.0f;
-  EXPECT_EQ(takeCargo(hold, free, iron, 9.0f), 3.5f);
-  EXPECT_EQ(std::pair(hold[iron], free), std::pair(0.0f, 13.5f));
-  for (int bad : {-1, 22, 1000})
-    EXPECT_EQ(std::pair(storeCargo(hold, free, bad, 1.0f), takeCargo(hold, free, bad, 1.0f)), std::pair(0.0f, 0.0f));
-  EXPECT_EQ(storeCargo(hold, free, iron, -2.0f) + storeCargo(hold, free, iron, 20.0f), 13.5f);
-  EXPECT_EQ(std::pair(hold[iron], free), std::pair(13.5f, 0.0f));
-}
-
 // Each side's buttons touch only its own selection and hold.
 TEST_F(CargoTest, ArrowsSelectWholeCuUpToTheAmountHeldAndJettisonThrowsItAway) {
   ship.shipHold[iron] = 3.5f;
@@ -77,11 +65,6 @@ TEST_F(CargoTest, ArrowsSelectWholeCuUpToTheAmountHeldAndJettisonThrowsItAway) {
     if (selected(ShipsHold, iron) != before) changedOn += std::to_string(frame) + " ";
   }
   EXPECT_EQ(changedOn, "1 17 18 19 20 ");
-  cargoMouseUp();
-  cargoMouseDown();  // a fresh press changes at once, then waits again
-  drawShipHold(screen);
-  drawShipHold(screen);
-  EXPECT_EQ(selected(ShipsHold, iron), 6.0f);
 }
 
 TEST_F(CargoTest, AmountsAndTotalsAreDrawnAndCloseClearsTheSelections) {
@@ -130,15 +113,13 @@ TEST_F(CargoTest, TheArrowUnderThePointerIsMarkedAndHighlighted) {
   }
   cargoMouseMotion(125, 95);
   drawShipHold(screen);
-  for (auto [file, x0, y0] : {std::tuple{"Up_highlight", 120, 90}, {"Up_norm", 120, 70}, {"Down_norm", 135, 90}}) {
+  SurfacePtr want = blankSurface(800, 600);
+  for (auto [file, x, y] : {std::tuple{"Up_highlight", 120, 90}, {"Up_norm", 120, 70}, {"Down_norm", 135, 90}}) {
     SurfacePtr image(IMG_Load(hostPath(std::string(".\\Buttons\\") + file + ".bmp").c_str()));
     ASSERT_NE(image, nullptr) << file;
-    SurfacePtr converted(SDL_ConvertSurface(image.get(), screen->format, SDL_SWSURFACE));
-    int differ = 0;
-    for (int i = 0; i < converted->w * converted->h; ++i)
-      differ += pixelRGB(converted.get(), i % converted->w, i / converted->w) !=
-                pixelRGB(screen, x0 + i % converted->w, y0 + i / converted->w);
-    EXPECT_EQ(differ, 0) << file << " at " << x0 << "," << y0;
+    SDL_Rect at{Sint16(x), Sint16(y), 0, 0};
+    SDL_BlitSurface(image.get(), nullptr, want.get(), &at);
+    EXPECT_EQ(differingPixels(screen, want.get(), x, y, x + image->w, y + image->h), 0) << file;
   }
 }
 
