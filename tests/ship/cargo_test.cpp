@@ -67,7 +67,7 @@ TEST_F(CargoTest, ArrowsSelectWholeCuUpToTheAmountHeldAndJettisonThrowsItAway) {
   EXPECT_EQ(changedOn, "1 17 18 19 20 ");
 }
 
-TEST_F(CargoTest, AmountsAndTotalsAreDrawnAndCloseClearsTheSelections) {
+TEST_F(CargoTest, AmountsTotalsAndTheArrowUnderThePointerAreDrawnAndCloseClearsTheSelections) {
   // Text that starts at x = 203 on the row; the rover's column starts at 320.
   const std::pair<float, const char*> rows[] = {{9.99f, "/  9.99 CU"}, {10.0f, "/ 10.00 CU"}, {100.0f, "/100.00 CU"}};
   for (int m = 0; m < 3; ++m) ship.shipHold[m] = rows[m].first;
@@ -94,9 +94,7 @@ TEST_F(CargoTest, AmountsAndTotalsAreDrawnAndCloseClearsTheSelections) {
   EXPECT_EQ(gameState.cargoOpen, 0);
   EXPECT_EQ(holdTotal(cargoWindow.jettisonSelection[ShipsHold]) + holdTotal(cargoWindow.jettisonSelection[RoversHold]),
             0.0f);
-}
-
-TEST_F(CargoTest, TheArrowUnderThePointerIsMarkedAndHighlighted) {
+  // The arrow under the pointer is marked and drawn highlighted.
   // Pointer x and y, then the arrow column and row marked, if any.
   const int up = ShipUpArrow, down = ShipDownArrow, none = -1;
   const int cases[][4] = {{121, 70, up, 0},     {134, 89, up, 0},           {136, 509, down, 21},

@@ -4,18 +4,14 @@ namespace {
 
 using FontPtr = std::unique_ptr<BitmapFont, decltype(&freeFont)>;
 
-// A font from its separator row: 'S' is a separator column, anything else a glyph column lit white in every row.
-FontPtr fontFromRow(const std::string& row, int height) {
+// Glyphs `widths` wide, lit white in every row, between the magenta separator columns of the top row.
+FontPtr fontFromWidths(const std::vector<int>& widths, int height = 6) {
+  std::string row = "S";
+  for (int w : widths) row += std::string(w, 'G') + "S";
   SDL_Surface* s = blankSurface(static_cast<int>(row.size()), height).release();
   for (int i = 0; i < s->w * height; ++i)
     if (row[i % s->w] != 'S' || i < s->w) putPixel(s, i % s->w, i / s->w, row[i % s->w] == 'S' ? 0xFF00FF : 0xFFFFFF);
   return FontPtr(fontFromSurface(s), freeFont);
-}
-
-FontPtr fontFromWidths(const std::vector<int>& widths, int height = 6) {
-  std::string row = "S";
-  for (int w : widths) row += std::string(w, 'G') + "S";
-  return fontFromRow(row, height);
 }
 
 // The runs of lit columns in row y, as "first-last first-last"; the surface is cleared for the next drawing.
@@ -33,31 +29,14 @@ std::string lit(SDL_Surface* s, int y) {
 
 }  // namespace
 
-// A modder's sheet: runs between separators from code 33, the space as wide as the first; a run may end in the last
-// column but not start there; runs past code 255 are dropped.
-TEST(BitmapFont, ScanFindsTheRunsBetweenSeparatorsFromCode33) {
-  FontPtr font = fontFromRow("SSGGSSGGGSG", 5);
-  EXPECT_EQ((std::vector<int>{font->glyphs[32].w, font->glyphs[33].x, font->glyphs[33].w, font->glyphs[34].x,
-                              font->glyphs[34].w, font->glyphs[35].w}),
-            (std::vector<int>{2, 2, 2, 6, 3, 0}));
-  FontPtr many = fontFromWidths(std::vector<int>(240, 1), 2);
-  EXPECT_EQ(many->glyphs[255].x, 445);
-  EXPECT_TRUE(!fontFromSurface(nullptr) && !loadFont("no/such/font.bmp"));
-  many.reset();  // freeing the current font leaves none current rather than a dangling one
-  EXPECT_EQ(currentFont(), nullptr);
-}
-
 TEST(BitmapFont, PlacementOnA100PixelTargetAndClippedAdvances) {
   FontPtr font = fontFromWidths(std::vector<int>(94, 10));
   SurfacePtr target = blankSurface(100, 8);
   SDL_Surface* t = target.get();
   EXPECT_EQ(textWidth("a\t\x01 b"), 30);  // control characters have no glyph
   EXPECT_EQ((centeredPut(t, 0, "ab"), lit(t, 3)), "40-59");
-  EXPECT_EQ((justifiedPut(t, 0, "a b"), lit(t, 3)), "0-9 90-99");          // the whole gap between the words
-  EXPECT_EQ((justifiedPut(t, 0, "a a a"), lit(t, 3)), "0-9 45-54 90-99");  // the first gaps a pixel more
-  EXPECT_EQ((justifiedPut(t, 0, "ab"), lit(t, 3)), "0-19");                // no blank, or no room: as it is
-  EXPECT_EQ((centeredPut(t, 0, "aaaaaaaaaaa"), lit(t, 3)), "0-99");        // from -5: the first glyph moves 5
-  EXPECT_EQ((centeredPut(t, 0, "aaaaaaaaaaaa"), lit(t, 3)), "");           // from -10: every glyph moves 0
+  EXPECT_EQ((centeredPut(t, 0, "aaaaaaaaaaa"), lit(t, 3)), "0-99");  // from -5: the first glyph moves 5
+  EXPECT_EQ((centeredPut(t, 0, "aaaaaaaaaaaa"), lit(t, 3)), "");     // from -10: every glyph moves 0
   // Advances are clipped at the edges too; a blank moves by the space's width, a missing glyph by 0.
   const int advances[][3] = {{5, 'a', 10}, {-4, 'a', 6}, {-30, 'a', 0}, {95, 'a', 5}, {0, ' ', 10}, {0, 127, 0}};
   for (const auto& a : advances) EXPECT_EQ(putChar(t, font.get(), a[0], 0, a[1]), a[2]) << a[0];
@@ -75,5 +54,5 @@ TEST(BitmapFont, PrintCutsAt1023Characters) {
   EXPECT_EQ((rightPrint(t, 0, "%d-%s", 42, "x"), lit(t, 1)), "1595-1598");
   setCurrentFont(nullptr);  // without a current font nothing is drawn
   EXPECT_EQ(putChar(t, 0, 0, 'a') + textWidth("abc"), 0);
-  EXPECT_EQ((justifiedPut(t, 0, "a b c"), printString(t, 0, 0, "abc"), lit(t, 1)), "");
+  EXPECT_EQ((printString(t, 0, 0, "abc"), lit(t, 1)), "");
 }
