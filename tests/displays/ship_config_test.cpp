@@ -36,8 +36,7 @@ TEST_F(ShipConfigTest, SelectedMarkerIsLedToThePanelAndAReleaseSelectsTheFirstCo
   EXPECT_TRUE(fill >> 16 == 0 && (fill & 0xFF) > 0x70) << fill;
   for (auto [x, y] : {std::pair{224, 520}, {375, 290}, {450, 175}, {526, 60}, {549, 60}})
     EXPECT_EQ(pixelRGB(screen, x, y), 0xFF4040u) << x << "," << y;
-  // A hardpoint not selected: plain squares at alpha 144.
-  const Uint32 square = pixelRGB(screen, 410 + 10, 450);
+  const Uint32 square = pixelRGB(screen, 410 + 10, 450);  // a hardpoint not selected: a plain square at alpha 144
   EXPECT_TRUE((square & 0xFF) > 0x80 && (square & 0xFF) < 0xFF && pixelRGB(screen, 410, 450) == 0) << square;
   EXPECT_TRUE(showsText(screen, 10, 10, fontTable.fonts[16], "Ship Configuration"));
   EXPECT_EQ(currentFont(), fontTable.fonts[2]);

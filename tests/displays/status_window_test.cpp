@@ -126,11 +126,10 @@ TEST_F(StatusWindowTest, AScanSweepsTheGlobeAndEndsWithTheReadings) {
   EXPECT_EQ(scanProgress(), 0);
   const char* labels[] = {"Orbital Lane:", "Mass:", "Gravity:", "Temperature:", "Mineral Density:"};
   const char* readings[] = {"6", "1.22 x 10", "0.98g", "-20c to 40c", "55"};
-  for (int i = 0; i < 5; ++i) {  // a row every 20 pixels from 15
+  for (int i = 0, y = 15; i < 5; ++i, y += 20) {
     const std::string label = labels[i];
-    EXPECT_TRUE(showsText(screen, 520, 15 + 20 * i, entry(2), label)) << label;
-    EXPECT_TRUE(
-        showsText(screen, 520 + textWidth(entry(4), (label + " ").c_str()), 15 + 20 * i, entry(4), readings[i]));
+    EXPECT_TRUE(showsText(screen, 520, y, entry(2), label)) << label;
+    EXPECT_TRUE(showsText(screen, 520 + textWidth(entry(4), (label + " ").c_str()), y, entry(4), readings[i]));
   }
   EXPECT_TRUE(showsText(screen, 522 + textWidth(entry(4), "Mass: 1.22 x 10"), 33, entry(1), "23"));
   setScanProgress(118);  // an odd count still ends its sweep

@@ -94,13 +94,11 @@ TEST_F(CargoTest, AmountsTotalsAndTheArrowUnderThePointerAreDrawnAndCloseClearsT
   EXPECT_EQ(gameState.cargoOpen, 0);
   EXPECT_EQ(holdTotal(cargoWindow.jettisonSelection[ShipsHold]) + holdTotal(cargoWindow.jettisonSelection[RoversHold]),
             0.0f);
-  // The arrow under the pointer is marked and drawn highlighted.
-  // Pointer x and y, then the arrow column and row marked, if any.
+  // The arrow under the pointer is marked and drawn highlighted: pointer x and y, the arrow column and row, if any.
   const int up = ShipUpArrow, down = ShipDownArrow, none = -1;
-  const int cases[][4] = {{121, 70, up, 0},     {134, 89, up, 0},           {136, 509, down, 21},
-                          {149, 300, down, 11}, {321, 70, RoverUpArrow, 0}, {349, 130, RoverDownArrow, 3},
-                          {120, 100, none, 0},  {135, 100, none, 0},        {150, 100, none, 0},
-                          {335, 100, none, 0},  {125, 69, none, 0},         {125, 510, none, 0}};
+  const int cases[][4] = {
+      {134, 89, up, 0},    {136, 509, down, 21}, {321, 70, RoverUpArrow, 0}, {349, 130, RoverDownArrow, 3},
+      {135, 100, none, 0}, {150, 100, none, 0},  {125, 69, none, 0},         {125, 510, none, 0}};
   for (const auto& c : cases) {
     cargoMouseMotion(c[0], c[1]);
     int set = 0;

@@ -29,7 +29,7 @@ std::string lit(SDL_Surface* s, int y) {
 
 }  // namespace
 
-TEST(BitmapFont, PlacementOnA100PixelTargetAndClippedAdvances) {
+TEST(BitmapFont, PlacementOnA100PixelTargetClippedAdvancesAndTheCutAt1023Characters) {
   FontPtr font = fontFromWidths(std::vector<int>(94, 10));
   SurfacePtr target = blankSurface(100, 8);
   SDL_Surface* t = target.get();
@@ -44,12 +44,10 @@ TEST(BitmapFont, PlacementOnA100PixelTargetAndClippedAdvances) {
   putString(t, font.get(), -4, 0, "ab");  // b starts at 2, over a's tail; glyph rows 1..5 land at 0..4
   EXPECT_EQ(pixelRGB(t, 3, 5), 0u);
   EXPECT_EQ(lit(t, 4), "0-11");
-}
-
-TEST(BitmapFont, PrintCutsAt1023Characters) {
-  FontPtr font = fontFromWidths(std::vector<int>(94, 1), 3);
-  SurfacePtr target = blankSurface(1600, 3);
-  SDL_Surface* t = target.get();
+  // Printing cuts at 1023 characters.
+  font = fontFromWidths(std::vector<int>(94, 1), 3);
+  target = blankSurface(1600, 3);
+  t = target.get();
   EXPECT_EQ((printString(t, font.get(), 0, 0, "%s", std::string(1500, 'a').c_str()), lit(t, 1)), "0-1022");
   EXPECT_EQ((rightPrint(t, 0, "%d-%s", 42, "x"), lit(t, 1)), "1595-1598");
   setCurrentFont(nullptr);  // without a current font nothing is drawn

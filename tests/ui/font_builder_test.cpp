@@ -23,8 +23,7 @@ TEST(FontBuilder, EveryFontHoldsTheGlyphsInItsSizeStyleAndColour) {
       width += w;
     }
     TTF_CloseFont(ttf);
-    const Uint8* shades = static_cast<const Uint8*>(font->sheet->pixels);
-    EXPECT_TRUE(font->sheet->w == width && shades[width - 1] == 2) << i;
+    EXPECT_TRUE(font->sheet->w == width && static_cast<const Uint8*>(font->sheet->pixels)[width - 1] == 2) << i;
     const SDL_Color* top = &font->sheet->format->palette->colors[255];
     EXPECT_EQ(Uint32(top->r << 16 | top->g << 8 | top->b), colours[i]) << i;
   }
