@@ -1,20 +1,10 @@
-// The game's face against the fixed places its text is drawn in: every line
-// shows whole and neighbours keep apart.
-#include <algorithm>
-#include <utility>
-
-#include "base/message_window.h"
-#include "base/screen.h"
+// The game's face against the fixed places its text is drawn in: every line shows whole, neighbours apart.
 #include "displays/status_window.h"
-#include "ship/ship.h"
 #include "support/test_support.h"
-#include "ui/bitmap_font.h"
-#include "ui/font_builder.h"
 
 namespace {
 
-// Heights of the runs of consecutive rows of `r` that hold text, drawn in shades of grey (frames and bars are
-// coloured).
+// Heights of the runs of rows of `r` that hold text, drawn in greys (frames and bars are coloured).
 std::vector<int> textRuns(SDL_Surface* s, SDL_Rect r) {
   std::vector<int> runs;
   int run = 0;
@@ -35,6 +25,15 @@ SurfacePtr alone(BitmapFont* font, const char* text) {
   SurfacePtr page = blankSurface(400, 60);
   printString(page.get(), font, 0, 10, "%s", text);
   return page;
+}
+
+// The first and last lit columns of `text` printed alone.
+std::pair<int, int> inkColumns(BitmapFont* font, const char* text) {
+  const SurfacePtr page = alone(font, text);
+  int first = 1000, last = -1;
+  for (int i = 0; i < 400 * 60; ++i)
+    if (pixelRGB(page.get(), i % 400, i / 400)) first = std::min(first, i % 400), last = std::max(last, i % 400);
+  return {first, last};
 }
 
 }  // namespace
@@ -66,25 +65,13 @@ TEST(TextFit, StatusScaleLabelsShowWholeApartAndClearOfTheBars) {
   initStatusWindow(shipImages, &fontTable, &ship);
   drawStatusWindow(screen);
   BitmapFont* text = fontTable.fonts[2];
-  // Each label's lit columns, printed alone; the gauge numbers end before the 0 % line at x = 50.
+  // Each label whole, every lit pixel of it; clear of its left neighbour; the gauge numbers end before x = 50.
   int previousEnd = -1;
-  const auto inkColumns = [&](const char* label, int x) {
-    const SurfacePtr page = alone(text, label);
-    int first = 1000, last = -1;
-    for (int col = 0; col < 400; ++col)
-      for (int y = 0; y < 60; ++y)
-        if (const Uint32 p = pixelRGB(page.get(), col, y)) {
-          first = std::min(first, col), last = col;
-          if (x >= 0) {
-            EXPECT_EQ(pixelRGB(screen, 515 + x + col, 5 + 235 + y - 10), p) << label << " cut";
-          }
-        }
-    return std::pair(first, last);
-  };
   for (auto [x, label] : {std::pair{43, "0%"}, {68, "25%"}, {93, "50%"}, {117, "75%"}, {143, "100%"}}) {
-    const auto [first, last] = inkColumns(label, x);
+    EXPECT_TRUE(showsText(screen, 515 + x, 5 + 235, text, label, 1000, true)) << label << " cut";
+    const auto [first, last] = inkColumns(text, label);
     EXPECT_LT(previousEnd + 1, x + first) << label << " runs into its left neighbour";
     previousEnd = x + last;
   }
-  EXPECT_LT(inkColumns("000/999", -1).second, 49);
+  EXPECT_LT(inkColumns(text, "000/999").second, 49);
 }

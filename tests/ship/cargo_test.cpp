@@ -30,18 +30,6 @@ class CargoTest : public GameTest {
   Ship ship;
 };
 
-TEST(CargoHold, TakingGivesBackAtMostWhatIsHeldAndBadRequestsMoveNothing) {
-  CargoHold hold{};
-  hold[iron] = 3.5f;
-  float free = 10.0f;
-  EXPECT_EQ(takeCargo(hold, free, iron, 9.0f), 3.5f);
-  EXPECT_EQ(std::pair(hold[iron], free), std::pair(0.0f, 13.5f));
-  for (int bad : {-1, 22, 1000})
-    EXPECT_EQ(std::pair(storeCargo(hold, free, bad, 1.0f), takeCargo(hold, free, bad, 1.0f)), std::pair(0.0f, 0.0f));
-  EXPECT_EQ(storeCargo(hold, free, iron, -2.0f) + storeCargo(hold, free, iron, 20.0f), 13.5f);
-  EXPECT_EQ(std::pair(hold[iron], free), std::pair(13.5f, 0.0f));
-}
-
 // Each side's buttons touch only its own selection and hold.
 TEST_F(CargoTest, ArrowsSelectWholeCuUpToTheAmountHeldAndJettisonThrowsItAway) {
   ship.shipHold[iron] = 3.5f;
@@ -77,14 +65,9 @@ TEST_F(CargoTest, ArrowsSelectWholeCuUpToTheAmountHeldAndJettisonThrowsItAway) {
     if (selected(ShipsHold, iron) != before) changedOn += std::to_string(frame) + " ";
   }
   EXPECT_EQ(changedOn, "1 17 18 19 20 ");
-  cargoMouseUp();
-  cargoMouseDown();  // a fresh press changes at once, then waits again
-  drawShipHold(screen);
-  drawShipHold(screen);
-  EXPECT_EQ(selected(ShipsHold, iron), 6.0f);
 }
 
-TEST_F(CargoTest, AmountsAndTotalsAreDrawnAndCloseClearsTheSelections) {
+TEST_F(CargoTest, AmountsTotalsAndTheArrowUnderThePointerAreDrawnAndCloseClearsTheSelections) {
   // Text that starts at x = 203 on the row; the rover's column starts at 320.
   const std::pair<float, const char*> rows[] = {{9.99f, "/  9.99 CU"}, {10.0f, "/ 10.00 CU"}, {100.0f, "/100.00 CU"}};
   for (int m = 0; m < 3; ++m) ship.shipHold[m] = rows[m].first;
@@ -111,15 +94,11 @@ TEST_F(CargoTest, AmountsAndTotalsAreDrawnAndCloseClearsTheSelections) {
   EXPECT_EQ(gameState.cargoOpen, 0);
   EXPECT_EQ(holdTotal(cargoWindow.jettisonSelection[ShipsHold]) + holdTotal(cargoWindow.jettisonSelection[RoversHold]),
             0.0f);
-}
-
-TEST_F(CargoTest, TheArrowUnderThePointerIsMarkedAndHighlighted) {
-  // Pointer x and y, then the arrow column and row marked, if any.
+  // The arrow under the pointer is marked and drawn highlighted: pointer x and y, the arrow column and row, if any.
   const int up = ShipUpArrow, down = ShipDownArrow, none = -1;
-  const int cases[][4] = {{121, 70, up, 0},     {134, 89, up, 0},           {136, 509, down, 21},
-                          {149, 300, down, 11}, {321, 70, RoverUpArrow, 0}, {349, 130, RoverDownArrow, 3},
-                          {120, 100, none, 0},  {135, 100, none, 0},        {150, 100, none, 0},
-                          {335, 100, none, 0},  {125, 69, none, 0},         {125, 510, none, 0}};
+  const int cases[][4] = {
+      {134, 89, up, 0},    {136, 509, down, 21}, {321, 70, RoverUpArrow, 0}, {349, 130, RoverDownArrow, 3},
+      {135, 100, none, 0}, {150, 100, none, 0},  {125, 69, none, 0},         {125, 510, none, 0}};
   for (const auto& c : cases) {
     cargoMouseMotion(c[0], c[1]);
     int set = 0;
@@ -130,15 +109,13 @@ TEST_F(CargoTest, TheArrowUnderThePointerIsMarkedAndHighlighted) {
   }
   cargoMouseMotion(125, 95);
   drawShipHold(screen);
-  for (auto [file, x0, y0] : {std::tuple{"Up_highlight", 120, 90}, {"Up_norm", 120, 70}, {"Down_norm", 135, 90}}) {
+  SurfacePtr want = blankSurface(800, 600);
+  for (auto [file, x, y] : {std::tuple{"Up_highlight", 120, 90}, {"Up_norm", 120, 70}, {"Down_norm", 135, 90}}) {
     SurfacePtr image(IMG_Load(hostPath(std::string(".\\Buttons\\") + file + ".bmp").c_str()));
     ASSERT_NE(image, nullptr) << file;
-    SurfacePtr converted(SDL_ConvertSurface(image.get(), screen->format, SDL_SWSURFACE));
-    int differ = 0;
-    for (int i = 0; i < converted->w * converted->h; ++i)
-      differ += pixelRGB(converted.get(), i % converted->w, i / converted->w) !=
-                pixelRGB(screen, x0 + i % converted->w, y0 + i / converted->w);
-    EXPECT_EQ(differ, 0) << file << " at " << x0 << "," << y0;
+    SDL_Rect at{Sint16(x), Sint16(y), 0, 0};
+    SDL_BlitSurface(image.get(), nullptr, want.get(), &at);
+    EXPECT_EQ(differingPixels(screen, want.get(), x, y, x + image->w, y + image->h), 0) << file;
   }
 }
 

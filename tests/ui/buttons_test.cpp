@@ -2,21 +2,6 @@
 
 #include "support/test_support.h"
 
-TEST(TextButton, HoverIsStrictlyInsideAndReleaseInsideMakesOneClick) {
-  TextButton close;
-  initTextButton(&close, 30, 20, 760, 10, " X ");
-  const int hovers[][3] = {{775, 20, 1}, {761, 11, 1}, {789, 29, 1}, {760, 20, 0}, {775, 30, 0}, {790, 29, 0}};
-  for (const auto& h : hovers) EXPECT_EQ((trackHover(h[0], h[1], &close), close.hover), h[2]) << h[0] << "," << h[1];
-  // Pointer in/out, press, release, take the click: a click not taken is cleared by a release elsewhere.
-  std::string taken;
-  for (char step : std::string("iprttopirtprport")) {
-    if (step == 'i' || step == 'o') trackHover(step == 'i' ? 775 : 700, 20, &close);
-    if (step == 'p' || step == 'r') (step == 'p' ? pressButton : releaseButton)(&close);
-    if (step == 't') taken += std::to_string(takeClick(&close));
-  }
-  EXPECT_EQ(taken, "1010");
-}
-
 // Held: the bright border, the dots still; hovered: the dots run round the border a pixel a frame.
 TEST(TextButton, LooksFollowThePointerAndHoveredDotsRunALap) {
   ensureScreen();
