@@ -80,10 +80,7 @@ TEST_F(CommandWindowTest, TacticalMenusFollowTheShieldsAndWeapons) {
     showMenu(c.menu);
     playerShip.shieldsOnline = c.shields;
     playerShip.weaponsOnline = c.weapons;
-    LogWatch log;
     clickRow(c.item);
     EXPECT_EQ(window(), c.after) << c.menu << "," << c.item << " " << c.shields << c.weapons;
-    EXPECT_EQ(log.saw("menu 5"), c.menu == 0 && c.after[0] == 5);
-    EXPECT_EQ(log.saw("menu 8"), c.menu == 0 && c.after[0] == 8);
   }
 }

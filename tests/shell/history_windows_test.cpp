@@ -59,13 +59,6 @@ TEST_F(HistoryWindowsTest, RingsWrapAfterAThousandLinesCutLongOnesAndTheLogScrol
   logMessage(std::string(150, 'x').c_str());
   logMessage(nullptr);
   EXPECT_EQ(std::string(debugLog.lines[40]) + "|" + debugLog.lines[41], std::string(99, 'x') + "|");
-
-  messageWindow.writeIndex = 999;
-  showMessage("newest");
-  showMessage(std::string(300, 'z').c_str());
-  EXPECT_EQ(std::tuple(std::string(messageWindow.lines[999]), std::string(messageWindow.lines[0]).size(),
-                       messageWindow.writeIndex),
-            std::tuple("newest", 99u, 1));
 }
 
 TEST_F(HistoryWindowsTest, EachStripDrawingCopiesAtMostSevenLinesIntoTheLog) {
@@ -99,21 +92,4 @@ TEST_F(HistoryWindowsTest, ExpandedMessagesStartAtTheScrolledLine) {
   showMessage("WWW");
   EXPECT_EQ(debugLog.writeIndex, logged);
   EXPECT_EQ(std::pair(std::abs(lineEnd(3) - endOf(20)) <= 3, lineEnd(4)), std::pair(true, -1));
-}
-
-TEST_F(HistoryWindowsTest, WithoutAWindowOrScreenLinesAreOnlyStored) {
-  SDL_Surface* windowSurface = debugLog.surface;
-  debugLog.surface = nullptr;
-  showLog();
-  logMessage("early");
-  debugLog.surface = windowSurface;
-  setLogScreen(nullptr, 0);
-  logMessage("no screen");
-  showMessage("kept");
-  expandMessages();
-  drawMessageWindow();
-  setLogScreen(screen, 0);
-  EXPECT_EQ(std::tuple(std::string(debugLog.lines[1]), std::string(messageWindow.lines[0]), debugLog.writeIndex,
-                       bandEnd(0, 600)),
-            std::tuple("no screen", "kept", 2, -1));
 }
