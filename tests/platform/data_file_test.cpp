@@ -18,7 +18,4 @@ TEST(DataFile, CommentsAreSkippedEmptyLinesCountAndLongLinesAreCutInAFileAsInMem
     }
     EXPECT_EQ(fields, "first:2|:3|third:5|999:6|999 cut:7|la\0st:8|"s);
   }
-  DataFile missing("/nonexistent/file.txt");
-  std::string line;
-  EXPECT_FALSE(missing.isOpen() || missing.nextField(line));
 }

@@ -94,17 +94,15 @@ TEST_F(FrameLoopTest, LayoutFramesThePanesAndTrigTablesEntryAndPlanetCellsAreThe
   const int entries[][3] = {{0, 140, 2},     {15, 140, 2},    {20, 210, 2},    {50, 278, 60},  {90, 278, 122},
                             {120, 278, 182}, {150, 210, 243}, {180, 140, 243}, {225, 70, 243}, {240, 2, 182},
                             {285, 2, 122},   {286, 2, 60},    {345, 70, 2},    {350, 140, 2}};
-  for (const auto& [heading, x, y] : entries) {
-    std::pair<int, int> cell;
-    systemEntryCell(heading, cell.first, cell.second);
-    EXPECT_EQ(cell, std::pair(x, y)) << heading;
+  int x = 0, y = 0;
+  for (const auto& [heading, ex, ey] : entries) {
+    systemEntryCell(heading, x, y);
+    EXPECT_EQ(std::pair(x, y), std::pair(ex, ey)) << heading;
   }
-  const int planets[][4] = {{0, 90, 159, 121}, {9, 180, 140, 231}};
-  for (const auto& [lane, angle, x, y] : planets) {
-    std::pair<int, int> cell;
-    planetCell(lane, angle, cell.first, cell.second);
-    EXPECT_EQ(cell, std::pair(x, y)) << lane << "," << angle;
-  }
+  planetCell(0, 90, x, y);
+  EXPECT_EQ(std::pair(x, y), std::pair(159, 121));
+  planetCell(9, 180, x, y);
+  EXPECT_EQ(std::pair(x, y), std::pair(140, 231));
 }
 
 // Up and Down scroll an open history window instead of flying; else Up speeds the ship to its top speed and letting
@@ -194,7 +192,7 @@ TEST_F(FrameLoopTest, CrossingASystemEdgePlacesTheShipNextToTheObject) {
   EXPECT_EQ(released, std::vector<StellarObject*>(5, &object)) << "released once per exit";
 }
 
-TEST_F(FrameLoopTest, FlyingOntoAPlanetsCellEstablishesOrbitAndLeavingPutsTheShipPastIt) {
+TEST_F(FrameLoopTest, FlyingOntoAPlanetsCellEstablishesOrbit) {
   StellarObject object;
   Planet planet;
   planet.Seed = 99;
@@ -213,10 +211,4 @@ TEST_F(FrameLoopTest, FlyingOntoAPlanetsCellEstablishesOrbitAndLeavingPutsTheShi
             (std::vector<std::string>{" ", " ", " ", scansFirstText}));
   EXPECT_STREQ(lastMessage(), "Orbit established");
   EXPECT_STREQ(lastMessage(1), "Entering orbit");
-
-  leaveOrbit();
-  EXPECT_EQ(std::pair(gameState.sysX, gameState.sysY), std::pair(142 * 50, 84 * 50));
-  gameState.mode = System;
-  runSystemFrame();
-  EXPECT_EQ(gameState.mode, System) << "off the planet's cell";
 }
