@@ -1,7 +1,6 @@
 #include "support/test_support.h"
 
-// <tmp>/bin/prospector takes <tmp>/share/prospector before the current directory; a directory named NewGame.sav is
-// no saved game.
+// An installed game takes its own data before the current directory's; a directory named NewGame.sav is no data.
 TEST(DataDir, InstalledDataComesFirst) {
   TempDir tmp;
   tmp.write("share/prospector/NewGame.sav", "Surveyor\n");

@@ -2,10 +2,8 @@
 
 #include "support/test_support.h"
 
-namespace {
-
 // The commands of a script as "frame what [key+modifiers | x,y | file]|...", or the error.
-std::string parsed(const char* script) {
+static std::string parsed(const char* script) {
   std::vector<ScriptCommand> commands;
   std::string error, out;
   if (!parseScript(script, "s.txt", commands, error)) return error;
@@ -20,12 +18,9 @@ std::string parsed(const char* script) {
   return out;
 }
 
-}  // namespace
-
 TEST(InputScript, ReadsEveryCommandSortedByFrameAndErrorsNameTheLine) {
-  // The game's own scripts use every command; here what they leave out: comments, blank lines, leading blanks, key
-  // numbers, SDL's key names in any case with _ for a space, and modifiers. 273 is the up arrow, 100 'd' and 306 left
-  // Ctrl; 65 is left Ctrl and Shift, 128 right Ctrl.
+  // What the game's scripts leave out: comments, blank lines, leading blanks, key numbers (273 up), SDL's key names
+  // in any case with _ for a space (306 left Ctrl), modifiers (65 left Ctrl and Shift, 128 right Ctrl).
   EXPECT_EQ(parsed("# a flight\n\nat 5 key down up\n  at 2 mouse move 600 290   \nat 7 key up 273\n"
                    "at 8 key down d ctrl shift\nat 8 key down LEFT_CTRL rctrl\nat 3 mouse down\nat 9 screenshot s.bmp"),
             "2 move 600,290|3 press|5 keydown 273+0|7 keyup 273+0|8 keydown 100+65|8 keydown 306+128|9 shot s.bmp|");

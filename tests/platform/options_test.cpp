@@ -2,14 +2,10 @@
 
 #include "support/test_support.h"
 
-namespace {
-
-bool parse(std::vector<const char*> args, Options& options, std::string& error) {
+static bool parse(std::vector<const char*> args, Options& options, std::string& error) {
   args.insert(args.begin(), "prospector");
   return parseOptions(static_cast<int>(args.size()), args.data(), options, error);
 }
-
-}  // namespace
 
 // The ends of each range, and refusals that name the option. Unknown options and a missing value are met at startup.
 TEST(CommandLine, TakesTheEndsOfEachRangeAndRejectsBadInputWithAReason) {

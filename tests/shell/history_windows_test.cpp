@@ -1,5 +1,4 @@
-// The debug log and the player's messages: rings of 1000 lines, the message strip,
-// and the large windows that scroll back through them.
+// The debug log and the player's messages: rings of 1000 lines, the message strip and the log's scrolling window.
 
 #include "support/test_support.h"
 
@@ -72,15 +71,4 @@ TEST_F(HistoryWindowsTest, EachStripDrawingCopiesAtMostSevenLinesIntoTheLog) {
   drawMessageWindow();
   ASSERT_EQ(debugLog.writeIndex, before + 7);
   for (int k = 0; k < 7; ++k) EXPECT_EQ(std::string(debugLog.lines[before + k]), "m" + std::to_string(9 - k));
-}
-
-TEST_F(HistoryWindowsTest, ExpandedMessagesStartAtTheScrolledLine) {
-  for (int letters : {20, 1, 2}) showMessage(std::string(letters, 'W').c_str());
-  expandMessages();
-  historyScroll = 2;
-  SDL_FillRect(screen, nullptr, 0xFFFFFF);  // the window covers 75 to 724 and leaves the rest
-  drawMessageWindow();
-  EXPECT_EQ(std::tuple(pixelRGB(screen, 75, 300), pixelRGB(screen, 725, 300), lineEnd(1)),
-            std::tuple(0xFFFF00u, 0xFFFFFFu, -1));
-  EXPECT_NEAR(lineEnd(0), endOf(20), 3);
 }

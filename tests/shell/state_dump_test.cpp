@@ -1,11 +1,8 @@
-#include <limits>
-
 #include "support/test_support.h"
 
 // Scripted runs read the game back by name: each field set to a value of its own shows that value under its member's
 // name. JSON has no NaN or infinity: those numbers show as null; texts are escaped.
 TEST(StateDump, EveryFieldUnderItsOwnNameAndNonFiniteNumbersAsNull) {
-  ensureScreen();
   GameState& g = gameState;
   Ship& s = playerShip;
 #define F(owner, member) std::pair<const char*, int*>(#member, &owner.member)
@@ -27,7 +24,7 @@ TEST(StateDump, EveryFieldUnderItsOwnNameAndNonFiniteNumbersAsNull) {
   g.mode = 3;
   s.hardPointCount = 2;
   std::strcpy(s.hardPoints[1].weaponName, "Zap\"\n");
-  const float nan = std::numeric_limits<float>::quiet_NaN(), inf = std::numeric_limits<float>::infinity();
+  const float nan = NAN, inf = INFINITY;
   g.velX = nan, g.velY = -inf, s.shipHoldFree = nan, s.roverHoldFree = -inf, s.shipHoldCapacity = inf;
   s.shipHold[0] = nan, s.shipHold[1] = 4.5f, s.shipHold[3] = inf;
   const std::string json = gameStateJson();
