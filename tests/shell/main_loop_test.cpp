@@ -104,7 +104,7 @@ TEST_F(FrameLoopTest, LayoutFramesThePanesAndTrigTablesEntryAndPlanetCellsAreThe
   EXPECT_EQ(std::pair(x, y), std::pair(140, 231));
 }
 
-// Arrows scroll an open history window, else Up speeds up to the top speed, letting go slows, save in orbit.
+// Arrows scroll an open history window, else Up speeds up to the top speed, letting go slows (not in orbit).
 TEST_F(FrameLoopTest, ArrowsScrollAnOpenHistoryWindowElseSpeedUpToTheTopAndTurnsWrap) {
   gameState.maneuverOn = 1;
   // Each frame: the log (else the messages) open, Up (else Down) held.
@@ -119,7 +119,7 @@ TEST_F(FrameLoopTest, ArrowsScrollAnOpenHistoryWindowElseSpeedUpToTheTopAndTurns
   EXPECT_EQ(std::pair(historyScroll, gameState.speed), std::pair(2, 0));
   gameState = GameState{};
   const struct {
-    int mode, up, turn, frames, speed, heading;  // turn: 1 right, -1 left
+    int mode, up, turn, frames, speed, heading;  // turn: 1 right, -1 left; headings wrap
   } ramps[] = {{Space, 1, 0, 1, 2, 0},   {Space, 1, 0, 10, 20, 0},  {Space, 0, 0, 1, 18, 0},
                {Space, 0, 0, 10, 0, 0},  {System, 1, 0, 1, 5, 0},   {System, 1, 0, 8, 40, 0},
                {System, 0, 0, 1, 35, 0}, {Orbit, 1, 1, 1, 35, 355}, {Orbit, 1, -1, 1, 35, 0}};
