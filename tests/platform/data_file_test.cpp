@@ -1,6 +1,5 @@
 #include "platform/data_file.h"
 
-#include "platform/text.h"
 #include "support/test_support.h"
 
 using namespace std::literals;
@@ -19,20 +18,4 @@ TEST(DataFile, CommentsAreSkippedEmptyLinesCountAndLongLinesAreCutInAFileAsInMem
     }
     EXPECT_EQ(fields, "first:2|:3|third:5|999:6|999 cut:7|la\0st:8|"s);
   }
-  DataFile missing("/nonexistent/file.txt");
-  std::string line;
-  EXPECT_FALSE(missing.isOpen() || missing.nextField(line));
-}
-
-TEST(DataText, TokensFieldsNumbersAndPaths) {
-  EXPECT_EQ(splitTokens(" 120, 40 \t130,,40\n"), (std::vector<std::string_view>{"120", "40", "130", "40"}));
-  EXPECT_TRUE(splitTokens(" ,\t").empty());
-  char field[5];
-  EXPECT_FALSE(copyText(field, "abcd"));
-  EXPECT_STREQ(field, "abcd");
-  EXPECT_TRUE(copyText(field, "abcdef"));  // cut, never overrun
-  EXPECT_STREQ(field, "abcd");
-  EXPECT_EQ(parseInt("  -12abc") + parseInt("none"), -12);
-  EXPECT_DOUBLE_EQ(parseReal("5.5 CU"), 5.5);
-  EXPECT_EQ(hostPath(".\\Stars\\M.bmp"), "./Stars/M.bmp");
 }

@@ -4,15 +4,11 @@
 
 #include "support/test_support.h"
 
-namespace {
-
-std::string summary(const std::vector<ScriptCommand>& script) {
+static std::string summary(const std::vector<ScriptCommand>& script) {
   std::string out;
   for (const ScriptCommand& c : script) out += std::to_string(c.frame) + ":" + std::to_string(c.line) + " ";
   return out;
 }
-
-}  // namespace
 
 TEST(LiveScript, LinesCutAnywhereKeepOrderLateOnesKeepTheirSpacing) {
   LiveScript live(-1, "/shots");

@@ -8,7 +8,6 @@ class CommandWindowTest : public GameTest {
     GameTest::SetUp();
     playerShip.shieldsOnline = playerShip.weaponsOnline = 0;
   }
-  void TearDown() override { playerShip.shieldsOnline = playerShip.weaponsOnline = 0; }
 
   // What the input handlers do: hover on motion, toggle on press, act on release.
   static void moveTo(int row) { commandWindowHover(600, 270 + 30 * row, screen); }
@@ -66,8 +65,7 @@ TEST_F(CommandWindowTest, ClicksSelectOnlyRowsTheMenuHasAndThePointedItemIsBrigh
   EXPECT_EQ(currentFont(), fontTable.fonts[2]);
 }
 
-// Tactical opens the menu of the shields and weapons; each of its first two items
-// flips one of them and moves to the menu of the new combination.
+// Tactical opens the menu of the shields and weapons; its first two items flip one and move to the new one's menu.
 TEST_F(CommandWindowTest, TacticalMenusFollowTheShieldsAndWeapons) {
   const struct {
     int menu, item, shields, weapons;
@@ -80,10 +78,7 @@ TEST_F(CommandWindowTest, TacticalMenusFollowTheShieldsAndWeapons) {
     showMenu(c.menu);
     playerShip.shieldsOnline = c.shields;
     playerShip.weaponsOnline = c.weapons;
-    LogWatch log;
     clickRow(c.item);
     EXPECT_EQ(window(), c.after) << c.menu << "," << c.item << " " << c.shields << c.weapons;
-    EXPECT_EQ(log.saw("menu 5"), c.menu == 0 && c.after[0] == 5);
-    EXPECT_EQ(log.saw("menu 8"), c.menu == 0 && c.after[0] == 8);
   }
 }
