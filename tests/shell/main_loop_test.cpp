@@ -186,7 +186,7 @@ TEST_F(FrameLoopTest, CrossingASystemEdgePlacesTheShipNextToTheObject) {
   EXPECT_EQ(released, std::vector<StellarObject*>(5, &object)) << "released once per exit";
 }
 
-TEST_F(FrameLoopTest, FlyingOntoAPlanetsCellEstablishesOrbit) {
+TEST_F(FrameLoopTest, FlyingOntoAPlanetsCellEstablishesOrbitAndLeavingPutsTheShipPastIt) {
   StellarObject object;
   Planet planet;
   planet.Seed = 99;
@@ -205,4 +205,6 @@ TEST_F(FrameLoopTest, FlyingOntoAPlanetsCellEstablishesOrbit) {
             (std::vector<std::string>{" ", " ", " ", scansFirstText}));
   EXPECT_STREQ(lastMessage(), "Orbit established");
   EXPECT_STREQ(lastMessage(1), "Entering orbit");
+  leaveOrbit();  // off the planet's cell, so the next frame does not take the ship straight back into orbit
+  EXPECT_EQ(std::pair(gameState.sysX, gameState.sysY), std::pair(142 * 50, 84 * 50));
 }

@@ -32,7 +32,8 @@ class RoverTest : public GameTest {
 // The hold's arithmetic is the cargo code's; here the deposit keeps what did not fit and only a take is announced.
 TEST_F(RoverTest, CollectionTakesWhatTheHoldHasRoomFor) {
   for (auto [free, left, message] : {std::tuple{3.0f, 6.99f, "Collected 3.00cu of Iron"}, {0.0f, 9.99f, ""}}) {
-    playerShip.roverHold[0] = 50.0f - free, playerShip.roverHoldFree = free;
+    playerShip.roverHold[0] = 50.0f - free;
+    playerShip.roverHoldFree = free;
     MineralDepositList deposits = {{180, 90, 1, 9.99f}};
     const int before = messageWindow.writeIndex;
     view(deposits);
