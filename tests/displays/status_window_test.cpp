@@ -95,6 +95,8 @@ TEST_F(StatusWindowTest, GlobeImagesAreBuiltAndTurnThroughTheTwentyAndSkipMissin
   EXPECT_TRUE(log.saw("Initializing Status Window"));
   EXPECT_EQ(std::tuple(shieldDisplay, scanProgress(), globeFrame), std::tuple(0, 0, 0));
   EXPECT_EQ(std::count(globeImages, globeImages + globeImageCount, nullptr), 0);
+  // Their wire grid: a meridian every 20 degrees, a parallel every 15.
+  EXPECT_EQ(std::count(std::begin(wireGrid.cells), std::end(wireGrid.cells), 255), 18 * 180 + 12 * 360 - 18 * 12);
   SDL_Surface* saved = std::exchange(globeImages[7], nullptr);
   std::string turns;  // the next turn, and whether an image was drawn
   for (int from : {0, 7, 19, 20, -3}) {
