@@ -99,11 +99,15 @@ TEST_F(SurfaceMapTest, MapShowsEveryCellAndAWrappingSiteMarker) {
 TEST_F(SurfaceMapTest, DepositDotsMatchTheLibrarysCirclesAndSkipEmptiedOnes) {
   MineralDepositList deposits = {{10, 10, 0, 5.0f}, {11, 10, 21, 1.0f}, {12, 12, 3, 0.0f},
                                  {0, 0, 7, 2.0f},   {359, 179, 9, 3.f}, {11, 11, 30, 1.0f}};
+  const SDL_Rect clip{0, 30, 800, 570};  // dots on its top row, at (35, 30) and (36, 30), keep what lies inside
+  SDL_SetClipRect(screen, &clip);
   drawDeposits(screen, deposits);
   SurfacePtr want = blankSurface(800, 600);
+  SDL_SetClipRect(want.get(), &clip);
   for (const MineralDeposit& d : deposits)
     if (d.amount != 0.0f) filledCircleColor(want.get(), d.x + 25, d.y + 20, 1, mineralColor(d.kind, 255));
   EXPECT_EQ(differingPixels(screen, want.get(), 0, 0, 400, 220), 0);
+  SDL_SetClipRect(screen, nullptr);
 }
 
 TEST_F(SurfaceMapTest, LegendScaleAndMinerals) {
@@ -118,4 +122,6 @@ TEST_F(SurfaceMapTest, LegendScaleAndMinerals) {
     BitmapFont* font = fontTable.fonts[m == 2 || m == 6 || m == 9 || m == 10 || m == 13 ? 3 : 2];
     EXPECT_TRUE(showsText(screen, columns[m / 5] + 10, rows[m % 5], font, mineralName(m), 1000, true, 10)) << m;
   }
+  for (auto [y, label] : {std::pair{20, "High"}, {105, "Elevation"}, {185, "Low"}})
+    EXPECT_TRUE(showsText(screen, 430, y, fontTable.fonts[2], label, 1000, true)) << label;
 }
