@@ -41,10 +41,10 @@ TEST_F(RoverTest, CollectionTakesWhatTheHoldHasRoomFor) {
     EXPECT_EQ(messageWindow.writeIndex - before, *message ? 1 : 0) << free;
     EXPECT_STREQ(*message ? lastMessage() : "", message);
   }
-  // Bad deposits and view images are skipped.
+  // Bad deposits (no such mineral, off the map a whole turn west, less than nothing) and view images are skipped.
   LogWatch log;
   playerShip.roverHold = {}, playerShip.roverHoldFree = 50.0f;
-  MineralDepositList bad = {{180, 90, 40, 5.0f}, {-3, 90, 1, 5.0f}, {180, 900, 1, 5.0f}};
+  MineralDepositList bad = {{180, 90, 40, 5.0f}, {-180, 90, 1, 5.0f}, {180, 900, 1, 5.0f}, {180, 90, 1, -5.0f}};
   view(bad, 500);
   drawSurfaceView(screen, &planet, 300, -7, 0, 0, bad);
   EXPECT_EQ(std::pair(playerShip.roverHoldFree, bad[0].amount), std::pair(50.0f, 5.0f));
@@ -123,4 +123,13 @@ TEST_F(RoverTest, DrivingWrapsAtTheEdgesOfTheMapAndLaunchTransfersWhatFits) {
   EXPECT_EQ((std::vector{playerShip.shipHold[0], playerShip.shipHold[1], playerShip.shipHoldFree,
                          playerShip.roverHold[0], playerShip.roverHold[1], playerShip.roverHoldFree}),
             (std::vector{3.0f, 197.0f, 0.0f, 0.0f, 2.0f, 48.0f}));
+}
+
+// Streaks fade from full blue by 25 an age step, wrapping bright past age 10, each drawn over the black view.
+TEST_F(RoverTest, ExhaustStreaksFadeWithAge) {
+  setAltitude(255);
+  for (int i = 0; i < 6; ++i) exhaustStreaks[i] = {std::int8_t(2 * i), std::int8_t(4 * i), 1};
+  drawLandingSequence(screen, &planet, 1, 0, none);   // 255 -> 250: each steps right, one age older
+  const int alphas[] = {230, 180, 130, 80, 30, 236};  // ages 1, 3, 5, 7, 9, 11
+  for (int i = 0; i < 6; ++i) EXPECT_NEAR(int(pixelRGB(screen, 151 + 4 * i, 420) & 0xFF), alphas[i], 2) << i;
 }
