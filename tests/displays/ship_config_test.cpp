@@ -28,6 +28,7 @@ class ShipConfigTest : public GameTest {
 
 // The title in its own font whatever was current; " X " closes once its release is drawn; other releases select.
 TEST_F(ShipConfigTest, SelectedMarkerIsLedToThePanelAndAReleaseSelectsTheFirstComponentInReach) {
+  ship.hardPoints[9].markers = std::exchange(ship.hardPoints[1].markers, {});  // the last hardpoint's square
   shipConfig.selectedComponent = EngineSelected;
   setCurrentFont(fontTable.fonts[0]);
   drawShipConfig(screen);
@@ -43,7 +44,7 @@ TEST_F(ShipConfigTest, SelectedMarkerIsLedToThePanelAndAReleaseSelectsTheFirstCo
   EXPECT_TRUE(markersHit(MarkerList{{0, 0}, {215, 470}}, 235, 520));  // 10 from a later point is in reach
   const int cases[][3] = {{230, 520, EngineSelected},                 // both in reach: the engine wins
                           {244, 520, firstHardPoint},     {110, 150, ShieldSelected},
-                          {110, 350, PowerPlantSelected}, {410, 450, firstHardPoint + 1},
+                          {110, 350, PowerPlantSelected}, {410, 450, firstHardPoint + 9},
                           {310, 250, firstHardPoint + 2}, {600, 300, ShipSelected},
                           {775, 20, ShipSelected}};
   for (const auto& c : cases) {

@@ -44,6 +44,8 @@ TEST(BitmapFont, PlacementOnA100PixelTargetClippedAdvancesAndTheCutAt1023Charact
   putString(t, font.get(), -4, 0, "ab");  // b starts at 2, over a's tail; glyph rows 1..5 land at 0..4
   EXPECT_EQ(pixelRGB(t, 3, 5), 0u);
   EXPECT_EQ(lit(t, 4), "0-11");
+  const FontPtr tinted(tintedFont(font.get(), 255, 128, 0), freeFont);  // white ink takes the tint itself
+  EXPECT_EQ(pixelRGB(tinted->sheet, 1, 2), 0xFF8000u);
   // Printing cuts at 1023 characters.
   font = fontFromWidths(std::vector<int>(94, 1), 3);
   target = blankSurface(1600, 3);

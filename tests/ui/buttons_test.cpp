@@ -15,11 +15,13 @@ TEST(TextButton, LooksFollowThePointerAndHoveredDotsRunALap) {
   };
   after(0, 1);
   EXPECT_EQ(pixelRGB(s.get(), 790, 30), 0x202080u);
-  int minX = 800, maxX = -1;  // the label's red X, centred on the button
-  for (int i = 0; i < 60 * fontTable.fonts[12]->height; ++i)
-    if (const Uint32 p = pixelRGB(s.get(), 740 + i % 60, 12 + i / 60); (p >> 16) > 0x80 && (p & 0xFFFF) == 0)
-      minX = std::min(minX, 740 + i % 60), maxX = std::max(maxX, 740 + i % 60);
+  int minX = 800, maxX = -1, minY = 600, maxY = -1;  // the label's red X: centred across, inside the frame
+  for (int i = 0; i < 60 * 40; ++i)
+    if (const Uint32 p = pixelRGB(s.get(), 740 + i % 60, i / 60); (p >> 16) > 0x80 && (p & 0xFFFF) == 0)
+      minX = std::min(minX, 740 + i % 60), maxX = std::max(maxX, 740 + i % 60), minY = std::min(minY, i / 60),
+      maxY = std::max(maxY, i / 60);
   EXPECT_TRUE(minX < maxX && std::abs(minX + maxX - 2 * 775) <= 3) << minX << ".." << maxX;
+  EXPECT_TRUE(minY > 10 && maxY < 30) << minY << ".." << maxY;
   close.pressed = 1;
   EXPECT_EQ(after(1, 1), (std::tuple{760, 10, 790, 30, 0}));
   EXPECT_EQ(pixelRGB(s.get(), 760, 20), 0x8080FFu);
