@@ -61,7 +61,8 @@ TEST(VoyageEndToEnd, ABrokenVoyageIsKeptAsideForTheBackupThenTheNewGameAndAFaile
     EXPECT_EQ(check.status, 1) << place;
     EXPECT_TRUE(has(check.out, ".sav: Saved game: ends before the rover's hold line")) << place << check.out;
   }
-  const RunResult scripted = runGame("--log-stdout --script " + tmp.write("s.txt", "at 2 key down escape\n"), xdg);
+  const RunResult scripted =
+      runGame("--log-stdout --autosave 0 --script " + tmp.write("s.txt", "at 2 key down escape\n"), xdg);
   EXPECT_TRUE(scripted.status == 0 && !has(scripted.out, "voyage")) << scripted.out;
   EXPECT_EQ(readFile(tmp.path("xdg/prospector/voyage.sav")), torn);
 

@@ -78,9 +78,10 @@ TEST_F(FrameLoopTest, ClicksGoByTheLastMotionAndOverlaysTakeThemFirst) {
     *overlay = 0;
   }
   gameState.navigationOpen = 1;  // the chart takes the release where it happens
-  targetCell = ChartCell{};
+  targetCell = ChartCell{}, scanCell = ChartCell{};
+  onMouseMotion(300, 100);  // and scans what the pointer passes over
   onMouseButtonUp(300, 100);
-  EXPECT_EQ(std::pair(targetCell.column, targetCell.row), std::pair(104, 84));
+  EXPECT_EQ(std::tuple(targetCell.column, targetCell.row, scanCell.column, scanCell.row), std::tuple(104, 84, 104, 84));
 }
 
 // The trig tables use 3.14 and never reach one; the cells where a heading enters a system and where planets lie.
