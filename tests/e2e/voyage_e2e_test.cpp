@@ -95,4 +95,11 @@ TEST(VoyageEndToEnd, ABrokenVoyageIsKeptAsideForTheBackupThenTheNewGameAndAFaile
   EXPECT_TRUE(has(r.err, "couldn't save the voyage")) << r.err;
   EXPECT_EQ(readFile(readOnly), kept);
   EXPECT_FALSE(std::filesystem::exists(readOnly + ".bak"));
+  // So does a write the disk refuses, and a broken voyage that cannot be set aside is never written over.
+  const std::string full = tmp.write("full/v.sav", kept), stuck = tmp.write("stuck/v.sav", torn);
+  std::filesystem::create_symlink("/dev/full", full + ".tmp");
+  tmp.write("stuck/v.sav.broken/in the way", "");
+  for (const std::string& path : {full, stuck})
+    EXPECT_EQ(runScript("at 2 key down escape\n", "--data " + data + " --voyage " + path).status, 0) << path;
+  EXPECT_TRUE(!std::filesystem::is_symlink(full) && readFile(full) == kept && readFile(stuck) == torn);
 }
