@@ -61,7 +61,8 @@ TEST(VoyageEndToEnd, ABrokenVoyageIsKeptAsideForTheBackupThenTheNewGameAndAFaile
     EXPECT_EQ(check.status, 1) << place;
     EXPECT_TRUE(has(check.out, ".sav: Saved game: ends before the rover's hold line")) << place << check.out;
   }
-  const RunResult scripted = runGame("--log-stdout --script " + tmp.write("s.txt", "at 2 key down escape\n"), xdg);
+  const RunResult scripted =
+      runGame("--log-stdout --autosave 0 --script " + tmp.write("s.txt", "at 2 key down escape\n"), xdg);
   EXPECT_TRUE(scripted.status == 0 && !has(scripted.out, "voyage")) << scripted.out;
   EXPECT_EQ(readFile(tmp.path("xdg/prospector/voyage.sav")), torn);
 
@@ -94,4 +95,11 @@ TEST(VoyageEndToEnd, ABrokenVoyageIsKeptAsideForTheBackupThenTheNewGameAndAFaile
   EXPECT_TRUE(has(r.err, "couldn't save the voyage")) << r.err;
   EXPECT_EQ(readFile(readOnly), kept);
   EXPECT_FALSE(std::filesystem::exists(readOnly + ".bak"));
+  // So does a write the disk refuses, and a broken voyage that cannot be set aside is never written over.
+  const std::string full = tmp.write("full/v.sav", kept), stuck = tmp.write("stuck/v.sav", torn);
+  std::filesystem::create_symlink("/dev/full", full + ".tmp");
+  tmp.write("stuck/v.sav.broken/in the way", "");
+  for (const std::string& path : {full, stuck})
+    EXPECT_EQ(runScript("at 2 key down escape\n", "--data " + data + " --voyage " + path).status, 0) << path;
+  EXPECT_TRUE(!std::filesystem::is_symlink(full) && readFile(full) == kept && readFile(stuck) == torn);
 }

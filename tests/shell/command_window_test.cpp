@@ -36,6 +36,8 @@ TEST_F(CommandWindowTest, ClicksSelectOnlyRowsTheMenuHasAndThePointedItemIsBrigh
   EXPECT_TRUE(isActive(3, 0));
   moveTo(2);  // the selection moves with the mouse
   EXPECT_TRUE(isActive(3, 2));
+  moveTo(5);  // past the menu's five rows: no selection mark there
+  EXPECT_EQ(pixelRGB(screen, 525, 420), 0u);
 
   showMenu(10);  // a press below a short menu or between rows does not toggle
   clickRow(5);

@@ -78,9 +78,10 @@ TEST_F(FrameLoopTest, ClicksGoByTheLastMotionAndOverlaysTakeThemFirst) {
     *overlay = 0;
   }
   gameState.navigationOpen = 1;  // the chart takes the release where it happens
-  targetCell = ChartCell{};
+  targetCell = ChartCell{}, scanCell = ChartCell{};
+  onMouseMotion(300, 100);  // and scans what the pointer passes over
   onMouseButtonUp(300, 100);
-  EXPECT_EQ(std::pair(targetCell.column, targetCell.row), std::pair(104, 84));
+  EXPECT_EQ(std::tuple(targetCell.column, targetCell.row, scanCell.column, scanCell.row), std::tuple(104, 84, 104, 84));
 }
 
 // The trig tables use 3.14 and never reach one; the cells where a heading enters a system and where planets lie.
@@ -90,9 +91,10 @@ TEST_F(FrameLoopTest, LayoutFramesThePanesAndTrigTablesEntryAndPlanetCellsAreThe
   for (const auto& [x, y] : {std::pair(0, 0), std::pair(799, 599), std::pair(799, 0), std::pair(700, 510)})
     EXPECT_EQ(pixelRGB(screen, x, y), 0xA4A4FFu) << x << "," << y;
   EXPECT_EQ(pixelRGB(screen, 250, 250), 0u);
-  const int entries[][3] = {{0, 140, 2},     {15, 140, 2},    {20, 210, 2},    {50, 278, 60},  {90, 278, 122},
-                            {120, 278, 182}, {150, 210, 243}, {180, 140, 243}, {225, 70, 243}, {240, 2, 182},
-                            {285, 2, 122},   {286, 2, 60},    {345, 70, 2},    {350, 140, 2}};
+  // Headings 15, 45 ... 345 each end a 30-degree sector of entry cells; 286 starts one.
+  const int entries[][3] = {{0, 140, 2},     {15, 140, 2},    {45, 210, 2},    {75, 278, 60},  {105, 278, 122},
+                            {135, 278, 182}, {165, 210, 243}, {195, 140, 243}, {225, 70, 243}, {255, 2, 182},
+                            {285, 2, 122},   {286, 2, 60},    {315, 2, 60},    {345, 70, 2},   {350, 140, 2}};
   int x = 0, y = 0;
   for (const auto& [heading, ex, ey] : entries) {
     systemEntryCell(heading, x, y);
@@ -120,9 +122,9 @@ TEST_F(FrameLoopTest, ArrowsScrollAnOpenHistoryWindowElseSpeedUpToTheTopAndTurns
   gameState = GameState{};
   const struct {
     int mode, up, turn, frames, speed, heading;  // turn: 1 right, -1 left; headings wrap
-  } ramps[] = {{Space, 1, 0, 1, 2, 0},   {Space, 1, 0, 10, 20, 0},  {Space, 0, 0, 1, 18, 0},
-               {Space, 0, 0, 10, 0, 0},  {System, 1, 0, 1, 5, 0},   {System, 1, 0, 8, 40, 0},
-               {System, 0, 0, 1, 35, 0}, {Orbit, 1, 1, 1, 35, 355}, {Orbit, 1, -1, 1, 35, 0}};
+  } ramps[] = {{Space, 1, 0, 1, 2, 0},   {Space, 1, 0, 10, 20, 0}, {Space, 0, 0, 1, 18, 0},  {Space, 0, 0, 10, 0, 0},
+               {System, 1, 0, 1, 5, 0},  {System, 1, 0, 8, 40, 0}, {System, 0, 0, 1, 35, 0}, {Orbit, 1, 1, 1, 35, 355},
+               {Orbit, 1, -1, 1, 35, 0}, {Orbit, 1, -1, 1, 35, 5}, {Orbit, 1, 1, 1, 35, 0}};
   for (const auto& r : ramps) {
     gameState.mode = r.mode;
     gameState.upHeld = r.up;

@@ -50,20 +50,23 @@ TEST_F(SavedGameTest, LinesAreCountedPastCommentsThroughBothHolds) {
 TEST_F(SavedGameTest, ValuesOutsideTheirRangesFallBackWithALogLine) {
   // System cells one past an edge stay there, unlogged, so the first System frame leaves by that edge.
   const struct {
-    const char *cells, *logged;  // "": nothing is far outside
+    const char *cells, *logged;  // "": nothing is far outside, and the system is on the map
     int mode, sysX, sysY;
   } cases[] = {{"1\n1\n1\n1\n0\n7", "mode 7 is not 0 to 3", Space, 50, 50},
                {"1\n1\n1\n1\n12\n2", "planet slot 12 is not 0 to 9", Space, 50, 50},
                {"1\n1\n1\n1\n-1\n1", "planet slot -1 is not 0 to 9", Space, 50, 50},
                {"100\n100\n281\n246\n0\n1", "", System, 281 * 50, 246 * 50},
                {"100\n100\n-1\n-1\n0\n1", "", System, -50, -50}};
+  PlacedObjects objects;
+  objects.place(100, 100, "G");
   for (const auto& c : cases) {
     LogWatch log;
     readCells(c.cells, "0\n0\n");
+    checkSavedPlace();
     EXPECT_EQ(std::tuple(gameState.mode, gameState.currentPlanet, gameState.sysX, gameState.sysY),
               std::tuple(c.mode, 0, c.sysX, c.sysY))
         << c.cells;
-    EXPECT_TRUE(*c.logged ? log.saw(c.logged) : !log.saw("far outside")) << c.cells;
+    EXPECT_TRUE(*c.logged ? log.saw(c.logged) : !log.saw("far outside") && !log.saw("has none")) << c.cells;
   }
   LogWatch log;
   readCells("-4\n99999999999\n400\n-2\n0\n0", "0\n0\n");

@@ -90,8 +90,9 @@ TEST_F(NavigationTest, ReadoutsLabelsAndGridInTheirFontsAndPlaces) {
   EXPECT_TRUE(navigationSquareCursorSelected());
   navigationMouseMoved(196 + 251, 16 + 249);  // an empty cell: dashes and the crosshair again
   draw(100, 100, 0);                          // no top speed: no fuel figure rather than a division by zero
-  EXPECT_TRUE(!navigationSquareCursorSelected() && shows(300, 550, 6, "---") && shows(10, 190 + h, 6, "---"));
-  navigationMouseMoved(wx + 45, wy + 25), navigationMouseDown();  // the close button
+  EXPECT_TRUE(!navigationSquareCursorSelected() && shows(300, 550, 6, "---") && shows(480, 550, 6, "---") &&
+              shows(10, 190 + h, 6, "---") && !pixelRGB(screen, wx + 250, wy + 560));  // no grid past row 500
+  navigationMouseMoved(wx + 45, wy + 25), navigationMouseDown();                       // the close button
   navigationMouseUp(wx + 45, wy + 25);
   EXPECT_EQ(draw(100, 100), 1);
   EXPECT_EQ(gameState.navigationOpen, 0);

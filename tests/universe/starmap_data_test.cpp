@@ -17,6 +17,7 @@ TEST(StarmapDataTest, RegeneratingWritesTheSameFile) {
 TEST(StarmapDataTest, ShippedStarMapLoadsCleanlyWithRealisticStarsAndPlanets) {
   LogWatch log;
   loadStarmapFile(starMap, PROSPECTOR_SOURCE_DIR "/data/Starmap.txt");
+  loadPlanetColors(PROSPECTOR_SOURCE_DIR "/data/PlanetColor.txt");
   EXPECT_FALSE(log.saw(" line ")) << "unknown spheres and minerals, lanes given twice";
   const StarMapCounts& c = starMapCounts;
   EXPECT_TRUE(c.totalStars >= 2000 && c.totalStars <= 6000) << c.totalStars;
