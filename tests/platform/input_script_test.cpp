@@ -32,6 +32,7 @@ TEST(InputScript, ReadsEveryCommandSortedByFrameAndErrorsNameTheLine) {
                              {"at 1 key down unknown_key\n", "s.txt:1: expected a key name"},  // SDL's unnamed keys
                              {"at 1 mouse move 10\n", "s.txt:1: expected 'mouse move X Y'"},
                              {"at 1 mouse move 10 65536\n", "s.txt:1: expected 'mouse move X Y' with X and Y from 0"},
+                             {"at 1 mouse down now\n", "s.txt:1: expected 'mouse move X Y', 'mouse down' or"},
                              {"at 1 screenshot\n", "s.txt:1: expected one of"},
                              {"at 1 state now\n", "s.txt:1: expected one of"}};
   for (const auto& c : errors) EXPECT_EQ(parsed(c[0]).rfind(c[1], 0), 0u) << parsed(c[0]);
